@@ -1,0 +1,113 @@
+# Runs the schema compiler over schema/ and gives its output to the targets that compile it.
+#
+# Headers go to generated/include/korva, units to generated/<room>. Units are few and fixed, and are
+# listed here; headers are many, and follow from the schema: the compiler's own list of them is kept in
+# generated/outputs.txt, and read back at the next configure, so that a changed header rebuilds what
+# includes it and nothing else.
+
+set(KORVA_SCHEMA_FILES
+    bus.xsd
+    busHeader.xsd
+    content.xsd
+    search.xsd
+    options.xsd
+    parameters.xsd
+    conversation.xsd
+    specifications.xsd
+    schedules.xsd
+    services.xsd
+    fields.xsd
+    faults.xsd
+    restrictedStrings.xsd
+    enums.xsd
+    properties.xsd
+    arrays.xsd)
+
+# In the order in which the compiler reads them: the messages, then each service.
+set(KORVA_WSDL_FILES
+    messages.wsdl
+    reportService.wsdl
+    batchReportService.wsdl
+    VelmoraTabulon.wsdl
+    deliveryService.wsdl
+    dispatcher.wsdl
+    monitorService.wsdl
+    contentManagerService.wsdl
+    contentManagerCacheService.wsdl
+    eventManagementService.wsdl
+    mobileService.wsdl)
+
+foreach(list IN ITEMS KORVA_SCHEMA_FILES KORVA_WSDL_FILES)
+    foreach(name IN LISTS ${list})
+        if(NOT EXISTS "${PROJECT_SOURCE_DIR}/schema/${name}")
+            list(REMOVE_ITEM ${list} ${name})
+        endif()
+    endforeach()
+endforeach()
+
+include("${CMAKE_CURRENT_LIST_DIR}/KorvaGeneratedUnits.cmake")
+
+set(KORVA_GENERATED_DIR "${PROJECT_BINARY_DIR}/generated")
+set(KORVA_SCHEMA_DIR "${PROJECT_BINARY_DIR}/schema")
+
+# korva_generate()
+#
+# Declares the one command that writes everything generated, and the target korva_generated for what
+# must wait for it.
+function(korva_generate)
+    if(KORVA_SCHEMA_COMPILER)
+        set(compiler "${KORVA_SCHEMA_COMPILER}")
+    else()
+        set(compiler "$<TARGET_FILE:korva-schemac>")
+    endif()
+
+    set(outputs_file "${KORVA_GENERATED_DIR}/outputs.txt")
+    if(NOT EXISTS "${outputs_file}")
+        file(WRITE "${outputs_file}" "")
+    endif()
+    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${outputs_file}")
+    file(STRINGS "${outputs_file}" outputs)
+    list(APPEND outputs ${KORVA_GENERATED_UNITS})
+    list(REMOVE_DUPLICATES outputs)
+    list(TRANSFORM outputs PREPEND "${KORVA_GENERATED_DIR}/")
+
+    set(sources ${KORVA_SCHEMA_FILES} ${KORVA_WSDL_FILES})
+    set(copies ${sources})
+    list(TRANSFORM sources PREPEND "${PROJECT_SOURCE_DIR}/schema/")
+    list(TRANSFORM copies PREPEND "${KORVA_SCHEMA_DIR}/")
+
+    set(script "${PROJECT_SOURCE_DIR}/cmake/KorvaRunSchemaCompiler.cmake")
+    set(stamp "${KORVA_GENERATED_DIR}/stamp")
+    add_custom_command(
+        OUTPUT "${stamp}"
+        BYPRODUCTS ${outputs} ${copies}
+        COMMAND
+            ${CMAKE_COMMAND} "-DCOMPILER=${compiler}" "-DAUTHORITY=${KORVA_BUS_AUTHORITY}"
+            "-DSOURCES=${PROJECT_SOURCE_DIR}/schema" "-DCOPIES=${KORVA_SCHEMA_DIR}"
+            "-DXSDS=${KORVA_SCHEMA_FILES}" "-DWSDLS=${KORVA_WSDL_FILES}"
+            "-DUNITS=${KORVA_GENERATED_UNITS}" "-DOUT=${KORVA_GENERATED_DIR}" "-DSTAMP=${stamp}" -P
+            "${script}"
+        DEPENDS ${sources} "${script}" "${compiler}"
+        COMMENT "Compiling the schema"
+        VERBATIM)
+    add_custom_target(korva_generated DEPENDS "${stamp}")
+endfunction()
+
+# korva_use_generated(<target> <room>...)
+#
+# Compiles the generated units of the rooms into the target, and makes it, and what links it, wait for
+# the generated headers.
+function(korva_use_generated target)
+    foreach(room IN LISTS ARGN)
+        set(units ${KORVA_GENERATED_UNITS})
+        list(FILTER units INCLUDE REGEX "^${room}/")
+        list(TRANSFORM units PREPEND "${KORVA_GENERATED_DIR}/")
+        set_source_files_properties(${units} PROPERTIES GENERATED TRUE)
+        target_sources(${target} PRIVATE ${units})
+    endforeach()
+    target_include_directories(
+        ${target}
+        PUBLIC "$<BUILD_INTERFACE:${KORVA_GENERATED_DIR}/include>"
+        PRIVATE "${KORVA_GENERATED_DIR}")
+    add_dependencies(${target} korva_generated)
+endfunction()

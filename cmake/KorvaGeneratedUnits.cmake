@@ -1,0 +1,25 @@
+# Every unit that the schema compiler writes, below generated/. The build stops when the two disagree.
+set(KORVA_GENERATED_UNITS
+    schema/KORVASchemaTypesClass1_gen_.cpp
+    schema/KORVASchemaTypesClass2_gen_.cpp
+    schema/KORVASchemaTypesClass3_gen_.cpp
+    schema/KORVASchemaTypesClass4_gen_.cpp
+    schema/KORVASchemaTypesClass5_gen_.cpp
+    schema/KORVASchemaTypesClass6_gen_.cpp
+    schema/KORVASchemaTypesClass7_gen_.cpp
+    schema/KORVASchemaTypesClass8_gen_.cpp
+    schema/KORVASchemaTypesProperty1_gen_.cpp
+    schema/KORVASchemaTypesProperty2_gen_.cpp
+    schema/KORVASchemaTypesArray1_gen_.cpp
+    schema/KORVASchemaTypesArray2_gen_.cpp
+    schema/KORVASchemaTypesEnum_gen_.cpp
+    schema/KORVASchemaTypesRestrictedString_gen_.cpp
+    schema/KORVASchemaTypesFactory_gen_.cpp
+    messages/KORVAMessages1_gen_.cpp
+    messages/KORVAMessages2_gen_.cpp
+    messages/KORVAMessages3_gen_.cpp
+    messages/KORVAMessages4_gen_.cpp
+    messages/KORVAMessageFactory_gen_.cpp
+    messages/KORVAPortTypes1_gen_.cpp
+    messages/KORVAPortTypes2_gen_.cpp
+    tarn/tarnsymbols1_gen_.cpp)

@@ -1,0 +1,59 @@
+# One run of the schema compiler: sets the authority in copies of the schema files, compiles these,
+# removes what an earlier run wrote and this one did not, and checks the units against CMake's list.
+cmake_minimum_required(VERSION 3.25)
+
+set(default_authority "http://bus.korva.example")
+
+# Leaves a file alone that has the content already.
+function(write_if_different path content)
+    if(EXISTS "${path}")
+        file(READ "${path}" before)
+        if(before STREQUAL content)
+            return()
+        endif()
+    endif()
+    file(WRITE "${path}" "${content}")
+endfunction()
+
+foreach(name IN LISTS XSDS WSDLS)
+    file(READ "${SOURCES}/${name}" text)
+    string(REPLACE "${default_authority}" "${AUTHORITY}" text "${text}")
+    write_if_different("${COPIES}/${name}" "${text}")
+endforeach()
+
+set(arguments --schema "${COPIES}/bus.xsd")
+foreach(name IN LISTS WSDLS)
+    list(APPEND arguments --wsdl "${COPIES}/${name}")
+endforeach()
+list(APPEND arguments --out "${OUT}")
+
+execute_process(COMMAND "${COMPILER}" ${arguments} RESULT_VARIABLE result)
+if(NOT result EQUAL 0)
+    message(FATAL_ERROR "The schema does not compile (${COMPILER}: ${result}).")
+endif()
+
+execute_process(
+    COMMAND "${COMPILER}" ${arguments} --list-outputs
+    OUTPUT_VARIABLE listed
+    OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+string(REPLACE "\n" ";" outputs "${listed}")
+
+set(units ${outputs})
+list(FILTER units INCLUDE REGEX "\\.cpp$")
+set(missing ${UNITS})
+list(REMOVE_ITEM missing ${units})
+set(unknown ${units})
+list(REMOVE_ITEM unknown ${UNITS})
+if(missing OR unknown)
+    message(FATAL_ERROR "cmake/KorvaGeneratedUnits.cmake does not list what korva-schemac writes.\n"
+                        "Listed, not written: ${missing}\nWritten, not listed: ${unknown}")
+endif()
+
+file(GLOB_RECURSE present RELATIVE "${OUT}" "${OUT}/*.h" "${OUT}/*.cpp")
+list(REMOVE_ITEM present ${outputs})
+foreach(stale IN LISTS present)
+    file(REMOVE "${OUT}/${stale}")
+endforeach()
+
+write_if_different("${OUT}/outputs.txt" "${listed}\n")
+file(TOUCH "${STAMP}")

@@ -1,0 +1,76 @@
+# What all targets share: warnings, sanitizers, and the settings of our shared libraries.
+
+include(CheckLinkerFlag)
+
+# Warnings for every target of ours; link it privately.
+add_library(korva_warnings INTERFACE)
+target_compile_options(korva_warnings INTERFACE -Wall -Wextra -Wpedantic
+                                                $<$<BOOL:${KORVA_WERROR}>:-Werror>)
+
+# The same for what is loaded into other programs: nothing may run before main.
+add_library(korva_library_warnings INTERFACE)
+target_link_libraries(korva_library_warnings INTERFACE korva_warnings)
+target_compile_options(
+    korva_library_warnings INTERFACE $<$<CXX_COMPILER_ID:Clang,AppleClang>:-Wglobal-constructors>)
+
+if(KORVA_SANITIZE)
+    add_compile_options(-fsanitize=${KORVA_SANITIZE} -fno-sanitize-recover=all
+                        -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=${KORVA_SANITIZE})
+endif()
+
+set(KORVA_LIBRARY_LINK_FLAGS "")
+foreach(flag IN ITEMS -Bsymbolic-functions -z,now -z,relro --no-undefined)
+    # A sanitizer's runtime comes with the program, so a shared library leaves it undefined.
+    if(flag STREQUAL "--no-undefined" AND KORVA_SANITIZE)
+        continue()
+    endif()
+    string(MAKE_C_IDENTIFIER "KORVA_LINKER_HAS${flag}" has)
+    check_linker_flag(CXX "-Wl,${flag}" ${has})
+    if(${has})
+        list(APPEND KORVA_LIBRARY_LINK_FLAGS "-Wl,${flag}")
+    endif()
+endforeach()
+
+# korva_configure_library(<target> [OUTPUT_NAME <name>])
+#
+# Gives a shared library of ours its alias KorvaObjModel::<target>, its version, the strict warnings,
+# the link flags and the private include path of the repository's root.
+function(korva_configure_library target)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "OUTPUT_NAME" "")
+    if(NOT TARGET KorvaObjModel::${target})
+        add_library(KorvaObjModel::${target} ALIAS ${target})
+    endif()
+    if(arg_OUTPUT_NAME)
+        set_target_properties(${target} PROPERTIES OUTPUT_NAME ${arg_OUTPUT_NAME})
+    endif()
+    set_target_properties(
+        ${target} PROPERTIES VERSION ${PROJECT_VERSION}
+                             SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
+    target_compile_features(${target} PUBLIC cxx_std_20)
+    target_include_directories(${target} PRIVATE "${PROJECT_SOURCE_DIR}")
+    target_link_libraries(${target} PRIVATE korva_library_warnings)
+    target_link_options(${target} PRIVATE ${KORVA_LIBRARY_LINK_FLAGS})
+    set_property(GLOBAL APPEND PROPERTY KORVA_LIBRARIES ${target})
+endfunction()
+
+# korva_add_platform_library(<name> OUTPUT_NAME <file name>)
+#
+# Adds the platform library of platform/<name>, whose target is <name>. When KORVA_<NAME>_TARGET names
+# a target that exists already (a deployment's real library), that one is linked and ours is not built.
+function(korva_add_platform_library name)
+    string(TOUPPER ${name} upper)
+    set(KORVA_${upper}_TARGET "" CACHE STRING
+        "Existing target to link in place of our platform library ${name}")
+    mark_as_advanced(KORVA_${upper}_TARGET)
+    if(KORVA_${upper}_TARGET)
+        add_library(${name} ALIAS ${KORVA_${upper}_TARGET})
+        add_library(KorvaObjModel::${name} ALIAS ${KORVA_${upper}_TARGET})
+        return()
+    endif()
+    if(NOT EXISTS "${PROJECT_SOURCE_DIR}/platform/${name}/CMakeLists.txt")
+        return()
+    endif()
+    add_subdirectory("${PROJECT_SOURCE_DIR}/platform/${name}" "${PROJECT_BINARY_DIR}/platform/${name}")
+    korva_configure_library(${name} ${ARGN})
+endfunction()
