@@ -1,0 +1,33 @@
+/// A reference count for objects that stay within one thread.
+#pragma once
+
+#include <zel/ZELExport.h>
+
+#include <atomic>
+
+/// Counts from 0: the maker of an object holds no reference. The last `removeReference` ends it.
+/// A copy counts its own references, from 0.
+class ZEL_EXPORT ZELThreadUnsafeReferenceCount {
+public:
+    ZELThreadUnsafeReferenceCount() noexcept = default;
+    ZELThreadUnsafeReferenceCount(const ZELThreadUnsafeReferenceCount&) noexcept {}
+    ZELThreadUnsafeReferenceCount& operator=(const ZELThreadUnsafeReferenceCount&) noexcept {
+        return *this;
+    }
+    virtual ~ZELThreadUnsafeReferenceCount();
+
+    virtual void addReference();
+
+    /// Calls `cleanup` when no reference is left. The assertion
+    /// `ZEL_ASSERT(getReferenceCount() > 0);` if there was none.
+    virtual void removeReference();
+
+    virtual unsigned getReferenceCount() const;
+
+    /// Ends the object, here with `delete`.
+    virtual void cleanup();
+
+protected:
+    /// Atomic for the sake of `ZELReferenceCount`; this class only loads and stores it.
+    std::atomic<unsigned> m_referenceCount{0};
+};
