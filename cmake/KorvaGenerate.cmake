@@ -5,6 +5,7 @@
 # generated/outputs.txt, and read back at the next configure, so that a changed header rebuilds what
 # includes it and nothing else.
 
+# bus.xsd and what it joins; the header that every service refers to.
 set(KORVA_SCHEMA_FILES
     bus.xsd
     busHeader.xsd
@@ -21,9 +22,11 @@ set(KORVA_SCHEMA_FILES
     restrictedStrings.xsd
     enums.xsd
     properties.xsd
-    arrays.xsd)
+    arrays.xsd
+    soap-encoding.xsd
+    header.wsdl)
 
-# In the order in which the compiler reads them: the messages, then each service.
+# What the compiler is given, in this order: the messages, then each service.
 set(KORVA_WSDL_FILES
     messages.wsdl
     reportService.wsdl

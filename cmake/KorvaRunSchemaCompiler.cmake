@@ -49,7 +49,7 @@ if(missing OR unknown)
                         "Listed, not written: ${missing}\nWritten, not listed: ${unknown}")
 endif()
 
-file(GLOB_RECURSE present RELATIVE "${OUT}" "${OUT}/*.h" "${OUT}/*.cpp")
+file(GLOB_RECURSE present RELATIVE "${OUT}" "${OUT}/*.h" "${OUT}/*.inc" "${OUT}/*.cpp")
 list(REMOVE_ITEM present ${outputs})
 foreach(stale IN LISTS present)
     file(REMOVE "${OUT}/${stale}")
