@@ -1,0 +1,8 @@
+# Builds the consumer by what pkg-config says of the installed tree, and runs it.
+set(ENV{PKG_CONFIG_PATH} "${PREFIX}/${LIBDIR}/pkgconfig")
+execute_process(COMMAND "${PKG_CONFIG}" --cflags --libs KorvaObjModel OUTPUT_VARIABLE flags
+                OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+separate_arguments(flags UNIX_COMMAND "${flags}")
+execute_process(COMMAND "${COMPILER}" -std=c++20 "${SOURCE}" -o "${BINARY}" ${flags}
+                        "-Wl,-rpath,${PREFIX}/${LIBDIR}" COMMAND_ERROR_IS_FATAL ANY)
+execute_process(COMMAND "${BINARY}" COMMAND_ERROR_IS_FATAL ANY)
