@@ -1,0 +1,41 @@
+#include "generator/Compiler.h"
+
+#include "generator/Diagnostics.h"
+#include "generator/Options.h"
+#include "generator/model/Schema.h"
+#include "generator/passes/Passes.h"
+#include "generator/reader/SchemaReader.h"
+#include "generator/reader/WsdlReader.h"
+#include "generator/reader/XmlLoader.h"
+
+#include <ostream>
+
+namespace korva::schemac {
+
+int run(const std::vector<std::string>& arguments, std::ostream& output, std::ostream& errors) {
+    const auto options = parseOptions(arguments, errors);
+    if (!options) return 2;
+    if (options->help) {
+        output << usage;
+        return 0;
+    }
+    Diagnostics diagnostics;
+    model::Schema schema;
+    {
+        XmlLoader loader;
+        SchemaReader schemas(loader, schema, diagnostics);
+        for (const std::string& path : options->schemas)
+            schemas.read(path);
+        WsdlReader wsdls(loader, schema, diagnostics);
+        for (const std::string& path : options->wsdls)
+            wsdls.read(path);
+    }
+    runPasses(schema, diagnostics);
+    if (diagnostics.any()) {
+        errors << diagnostics.text();
+        return 1;
+    }
+    return 0;
+}
+
+}  // namespace korva::schemac

@@ -1,0 +1,224 @@
+// The plain model of a vocabulary: what the readers found, and behind it what the passes decided.
+#pragma once
+
+#include "generator/model/Location.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace korva::schemac::model {
+
+/// The plain types of the wire; the numbers are their object types.
+enum class PlainType : std::int32_t {
+    None = 0,
+    String = 1,
+    Int = 2,
+    Integer = 3,
+    Decimal = 4,
+    Time = 5,
+    DateTime = 6,
+    Boolean = 7,
+    Base64Binary = 8,
+    Float = 9,
+    QName = 10,
+};
+
+/// The five generated families.
+enum class TypeKind { Class, Property, Array, Enum, RestrictedString };
+
+/// How a field is kept and which accessors it gets. A parameter of a message is never an
+/// EmbeddedArray: its arrays are kept by pointer, as Object.
+enum class FieldKind { Object, Text, Boolean, Int, Float, Binary, EmbeddedArray };
+
+struct Type;
+
+/// The use of a type by name.
+struct TypeReference {
+    Location at;
+    std::string text;  ///< as written, prefix included
+    std::string uri;   ///< what the prefix stands for; empty when it is not declared
+    std::string name;  ///< the local part
+
+    // Decided by the pass "references"; neither is set when the reference is an error.
+    PlainType plain = PlainType::None;
+    const Type* type = nullptr;
+
+    bool resolved() const { return plain != PlainType::None || type != nullptr; }
+};
+
+/// An element of a class, or a part of a message.
+struct Field {
+    Location at;
+    std::string name;
+    TypeReference reference;
+    std::string documentation;
+    bool supplied = false;  ///< the word was chosen, not documented
+
+    // Decided by "kinds", "names" and "identities".
+    FieldKind kind = FieldKind::Object;
+    std::string stem;             ///< "DailyPeriod", as in getDailyPeriod
+    std::int32_t identity = 0;    ///< CRC-32 of the name
+    std::int32_t objectType = 0;  ///< declared type: a plain type's number or an identity
+    bool createsOnGet = false;    ///< an object of a concrete type
+};
+
+/// One value of an enumeration.
+struct Word {
+    Location at;
+    std::string text;
+    std::string documentation;
+    bool supplied = false;
+
+    // Decided by "names" and "identities".
+    std::string enumerator;  ///< "eKORVADebug"
+    std::int32_t identity = 0;
+};
+
+/// What a type looks like in the source; the pass "kinds" tells properties from classes.
+enum class TypeForm { Record, Array, Enumeration, RestrictedString };
+
+inline constexpr int kUnknownCount = -1;
+
+struct Type {
+    Location at;
+    TypeForm form = TypeForm::Record;
+    std::string name;
+    std::string documentation;
+    bool isAbstract = false;
+    bool openFields = false;  ///< the fields of the class are not documented
+    /// Values known to exist whose word is not documented; kUnknownCount when it is not known
+    /// how many.
+    int openWords = 0;
+    std::optional<TypeReference> base;
+    std::vector<Field> fields;  ///< own fields, in declared order
+    TypeReference element;      ///< arrays only
+    std::vector<Word> words;    ///< enumerations only, in declared order
+
+    // Decided by the passes.
+    TypeKind kind = TypeKind::Class;
+    std::string className;  ///< "KORVASchedule"
+    std::int32_t identity = 0;
+    unsigned depth = 0;  ///< number of base classes above this one
+    std::size_t inheritedFields = 0;
+    FieldKind elementKind = FieldKind::Object;  ///< arrays only
+    std::int32_t elementObjectType = 0;         ///< arrays only
+    /// "schedule[]" when this is the array that stands for its element type, else empty.
+    std::string arrayKey;
+
+    const Type* baseType() const { return base ? base->type : nullptr; }
+    bool isA(const Type& other) const;
+};
+
+struct Message {
+    Location at;
+    std::string uri;
+    std::string name;  ///< "asynchRun_Request"
+    std::string documentation;
+    std::vector<Field> params;
+
+    // Decided by the passes.
+    std::string className;  ///< "KORVAAsynchRun_Request"
+    std::int32_t identity = 0;
+    bool isRequest = false;
+};
+
+/// The use of a message or a port type by name.
+struct QName {
+    Location at;
+    std::string text;
+    std::string uri;
+    std::string name;
+};
+
+struct Operation {
+    Location at;
+    std::string name;
+    std::string inputName;  ///< tells overloads apart
+    std::string documentation;
+    QName input;
+    QName output;
+
+    // Decided by the pass "operations".
+    const Message* request = nullptr;
+    const Message* reply = nullptr;
+    std::string action;
+};
+
+/// One entry of a port type's map from operation and parameter to a type.
+struct OperationParam {
+    std::string key;  ///< "run-options"
+    const Field* param = nullptr;
+};
+
+struct PortType {
+    Location at;
+    std::string uri;
+    std::string name;
+    std::string documentation;
+    std::vector<Operation> operations;  ///< in table order
+
+    // Decided by "names" and "operations".
+    std::string className;  ///< "KORVADispatcherPortType"
+    std::string boundNamespace;
+    std::vector<OperationParam> params;  ///< in the order of the schema, each key once
+};
+
+struct BindingOperation {
+    Location at;
+    std::string name;
+    std::string inputName;
+    std::string action;
+    std::string bodyNamespace;
+};
+
+struct Binding {
+    Location at;
+    std::string name;
+    QName portType;
+    std::vector<BindingOperation> operations;
+};
+
+/// A text of the word table.
+struct TableWord {
+    std::int32_t identity = 0;
+    std::string text;
+};
+
+/// A whole vocabulary. Items live in deques, so that pointers between them stay valid while the
+/// readers append.
+struct Schema {
+    std::string uri;                 ///< target namespace of the types
+    std::vector<std::string> files;  ///< every file read, in reading order
+    std::deque<Type> types;
+    std::deque<Message> messages;
+    std::vector<PortType> portTypes;
+    std::vector<Binding> bindings;
+    std::vector<QName> headerMessages;  ///< messages that only a soap:header refers to
+
+    // Decided by the passes.
+    std::map<std::string, Type*, std::less<>> typesByName;
+    std::vector<const Type*> byName;      ///< all types, by the bytes of their names
+    std::vector<const Type*> classes;     ///< bases before derived classes, then by name
+    std::vector<const Type*> properties;  ///< by name, as the three that follow
+    std::vector<const Type*> arrays;
+    std::vector<const Type*> enums;
+    std::vector<const Type*> restrictedStrings;
+    std::vector<const Message*> sortedMessages;  ///< by name
+    std::vector<TableWord> words;                ///< by signed identity, each text once
+
+    const Type* find(std::string_view name) const;
+};
+
+/// "xs:string" for PlainType::String; never called with PlainType::None.
+std::string_view plainTypeName(PlainType type);
+
+/// The plain type of a local name such as "string", or PlainType::None.
+PlainType plainTypeOf(std::string_view localName);
+
+}  // namespace korva::schemac::model

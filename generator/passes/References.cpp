@@ -1,0 +1,122 @@
+#include "generator/passes/Passes.h"
+#include "generator/reader/Reading.h"
+
+namespace korva::schemac::passes {
+
+using namespace model;
+
+namespace {
+
+constexpr std::string_view kPlainTypes =
+    "xs:string, xs:int, xs:integer, xs:decimal, xs:time, xs:dateTime, xs:boolean, "
+    "xs:base64Binary, xs:float or xs:QName";
+
+class Resolver {
+public:
+    Resolver(Schema& schema, Diagnostics& diagnostics)
+        : m_schema(schema), m_diagnostics(diagnostics) {}
+
+    void resolve(TypeReference& reference, const std::string& owner) {
+        if (reference.uri.empty()) return;  // the reader has told what is wrong
+        if (reference.uri == reading::kXsd) {
+            reference.plain = plainTypeOf(reference.name);
+            if (reference.plain == PlainType::None) {
+                m_diagnostics.error(reference.at, owner,
+                                    "unsupported plain type " + inQuotes(reference.text),
+                                    std::string("one of ").append(kPlainTypes));
+            }
+            return;
+        }
+        if (reference.uri == m_schema.uri) reference.type = m_schema.find(reference.name);
+        if (reference.type == nullptr) {
+            m_diagnostics.error(reference.at, owner, "unknown type " + inQuotes(reference.text),
+                                "a type of the schema, or one of " + std::string(kPlainTypes));
+        }
+    }
+
+    void resolveBase(Type& type) {
+        TypeReference& base = *type.base;
+        if (base.uri == reading::kXsd) {
+            m_diagnostics.error(base.at, describe(type),
+                                "its base \"" + base.text + "\" is a plain type",
+                                "a complexType with fields");
+            return;
+        }
+        resolve(base, describe(type));
+        if (base.type != nullptr && base.type->form != TypeForm::Record) {
+            m_diagnostics.error(base.at, describe(type),
+                                "its base \"" + base.text + "\" is " + formOf(*base.type),
+                                "a complexType with fields");
+            base.type = nullptr;
+        }
+    }
+
+private:
+    static std::string formOf(const Type& type) {
+        switch (type.form) {
+            case TypeForm::Array: return "an array";
+            case TypeForm::Enumeration: return "an enumeration";
+            case TypeForm::RestrictedString: return "a restricted string";
+            case TypeForm::Record: break;
+        }
+        return "a class";
+    }
+
+    Schema& m_schema;
+    Diagnostics& m_diagnostics;
+};
+
+}  // namespace
+
+void resolveReferences(Schema& schema, Diagnostics& diagnostics) {
+    for (Type& type : schema.types) {
+        if (type.name.empty()) continue;
+        const auto [found, isNew] = schema.typesByName.emplace(type.name, &type);
+        if (!isNew) {
+            diagnostics.error(type.at, describe(type), "the name is taken",
+                              "a name other than that of the type at " + place(found->second->at));
+        }
+    }
+    Resolver resolver(schema, diagnostics);
+    for (Type& type : schema.types) {
+        if (type.base) resolver.resolveBase(type);
+        for (Field& field : type.fields) {
+            resolver.resolve(field.reference,
+                             item("element", field.name) + " of " + describe(type));
+        }
+        if (type.form == TypeForm::Array) resolver.resolve(type.element, describe(type));
+    }
+    for (Message& message : schema.messages) {
+        for (Field& param : message.params) {
+            resolver.resolve(param.reference,
+                             item("part", param.name) + " of " + item("message", message.name));
+        }
+    }
+}
+
+void findCycles(Schema& schema, Diagnostics& diagnostics) {
+    for (Type& type : schema.types) {
+        std::string chain = type.name;
+        const Type* step = type.baseType();
+        // The bound ends the walk of a class that only leads into a ring of others.
+        for (std::size_t i = 0; step != nullptr && step != &type && i < schema.types.size(); ++i) {
+            chain.append(" -> ").append(step->name);
+            step = step->baseType();
+        }
+        if (step != &type) continue;
+        chain.append(" -> ").append(type.name);
+        diagnostics.error(type.base->at, describe(type), "it is its own base (" + chain + ")",
+                          "a chain of bases that ends");
+        type.base->type = nullptr;
+    }
+    for (Type& type : schema.types) {
+        type.depth = 0;
+        type.inheritedFields = 0;
+        for (const Type* base = type.baseType(); base != nullptr; base = base->baseType()) {
+            ++type.depth;
+            type.inheritedFields += base->fields.size();
+        }
+    }
+}
+
+}  // namespace korva::schemac::passes

@@ -1,0 +1,42 @@
+// Reads XML Schema files into the model and follows their includes.
+#pragma once
+
+#include "generator/Diagnostics.h"
+#include "generator/model/Schema.h"
+#include "generator/reader/XmlLoader.h"
+
+#include <set>
+#include <string>
+
+namespace korva::schemac {
+
+class SchemaReader {
+public:
+    /// All three arguments must outlive the reader.
+    SchemaReader(XmlLoader& loader, model::Schema& schema, Diagnostics& diagnostics)
+        : m_loader(loader), m_schema(schema), m_diagnostics(diagnostics) {}
+
+    /// Reads the file and all that it includes, each file once.
+    void read(const std::string& path);
+
+private:
+    void readSchema(const XmlElement& root, const std::string& path);
+    void readInclude(const XmlElement& include, const std::string& path);
+    void readComplexType(const XmlElement& element);
+    void readComplexContent(const XmlElement& content, model::Type& type);
+    void readArray(const XmlElement& restriction, model::Type& type);
+    void readSequence(const XmlElement& sequence, model::Type& type);
+    void readElement(const XmlElement& element, model::Type& type);
+    void readSimpleType(const XmlElement& element);
+    void readFacets(const XmlElement& restriction, model::Type& type);
+
+    XmlLoader& m_loader;
+    model::Schema& m_schema;
+    Diagnostics& m_diagnostics;
+    std::set<std::string> m_seen;
+};
+
+/// `relative` as seen from the file `from`.
+std::string besides(const std::string& from, const std::string& relative);
+
+}  // namespace korva::schemac
