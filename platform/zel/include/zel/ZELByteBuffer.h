@@ -16,8 +16,8 @@ public:
         eGrowGeometric = 1  ///< by half at least: constant cost for each byte
     };
 
-    /// `growth` is a `Growth`. `size` is the capacity of the first allocation, in bytes, unless
-    /// the first append needs more. `options` is reserved and 0.
+    /// `growth` is a `Growth`. `size` is how many bytes the first allocation has, with the NUL,
+    /// unless the first append needs more. `options` is reserved and 0.
     explicit ZELByteBuffer(int growth = eGrowGeometric, std::size_t size = 128,
                            unsigned options = 0) noexcept;
 

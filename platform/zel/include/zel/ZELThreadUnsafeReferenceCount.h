@@ -19,7 +19,7 @@ public:
     virtual void addReference();
 
     /// Calls `cleanup` when no reference is left. The assertion
-    /// `ZEL_ASSERT(getReferenceCount() > 0);` if there was none.
+    /// `ZEL_ASSERT(count > 0);` if there was none.
     virtual void removeReference();
 
     virtual unsigned getReferenceCount() const;

@@ -1,0 +1,45 @@
+#include <zel/ZELAssert.h>
+#include <zel/ZELAssertError.h>
+#include <zel/ZELFrame.h>
+
+ZELAssertError::ZELAssertError(ZELSeverity severity, int errorCode, const char* text) noexcept
+    : ZELThrowable(severity, errorCode), m_text(text) {}
+
+ZELAssertError::ZELAssertError(int severity, int errorCode, const char* text) noexcept
+    : ZELAssertError(severity == 0 ? eZELFatal : static_cast<ZELSeverity>(severity), errorCode,
+                     text) {}
+
+ZELAssertError::ZELAssertError(const ZELText& text) noexcept
+    : ZELThrowable(eZELFatal, 0), m_text(text) {}
+
+ZELAssertError::ZELAssertError(const ZELAssertError&) noexcept = default;
+ZELAssertError& ZELAssertError::operator=(const ZELAssertError&) noexcept = default;
+ZELAssertError::~ZELAssertError() = default;
+
+void ZELAssertError::hurl(ZELFileLocation location, const char* function, const char* macro) {
+    addBackTrace(location, function, macro);
+    throw ZELAssertError(*this);
+}
+
+ZELAssertError* ZELAssertError::clone() const {
+    ZEL_TRY {
+        return new ZELAssertError(*this);
+    }
+    ZEL_CATCH("ZELAssertError::clone")
+}
+
+const char* ZELAssertError::getThrowableName() const noexcept {
+    return "ZELAssertError";
+}
+
+void ZELAssertError::describe(std::string& text) const {
+    text += getText();
+}
+
+void zel::assertionFailed(const char* text, ZELFileLocation location) {
+    ZELAssertError(ZELText(text)).hurl(location, nullptr, "ZEL_THROW");
+}
+
+void zel::literalAssertionFailed(const char* literal, ZELFileLocation location) {
+    ZELAssertError(ZELText::fromLiteral(literal)).hurl(location, nullptr, "ZEL_THROW");
+}

@@ -1,0 +1,62 @@
+#include <zel/ZELException.h>
+#include <zel/ZELFrame.h>
+
+ZELException::ZELException(int errorCode) noexcept : ZELException(eZELError, errorCode) {}
+
+ZELException::ZELException(ZELSeverity severity, int errorCode) noexcept
+    : ZELThrowable(severity, errorCode), m_fromText(false) {}
+
+ZELException::ZELException(const char* text) noexcept : ZELException(eZELError, text) {}
+
+ZELException::ZELException(ZELSeverity severity, const char* text) noexcept
+    : ZELThrowable(severity, 0), m_text(text), m_fromText(true) {}
+
+ZELException::ZELException(const ZELException&) noexcept = default;
+ZELException& ZELException::operator=(const ZELException&) noexcept = default;
+ZELException::~ZELException() = default;
+
+void ZELException::hurl(ZELFileLocation location, const char* function, const char* macro) {
+    addBackTrace(location, function, macro);
+    throw ZELException(*this);
+}
+
+ZELException* ZELException::clone() const {
+    ZEL_TRY {
+        return new ZELException(*this);
+    }
+    ZEL_CATCH("ZELException::clone")
+}
+
+const char* ZELException::getThrowableName() const noexcept {
+    return "ZELException";
+}
+
+const char* ZELException::getErrorCodeString() const noexcept {
+    return m_fromText ? m_text.get() : ZELThrowable::getErrorCodeString();
+}
+
+ZELException& ZELException::operator<<(const ZELMessage& message) {
+    ZEL_TRY {
+        add(message);
+    }
+    ZEL_CATCH("ZELException::operator<<")
+    return *this;
+}
+
+const char* ZELException::findMessageText(const ZELMessage&) const {
+    return nullptr;
+}
+
+void ZELException::describe(std::string& text) const {
+    if (getMessages().empty()) {
+        if (!m_fromText) text += "error ";
+        text += getErrorCodeString();
+        return;
+    }
+    const char* separator = "";
+    for (const ZELMessage& message : getMessages()) {
+        text += separator;
+        message.fill(findMessageText(message), text);
+        separator = "\n";
+    }
+}
