@@ -1,53 +1,11 @@
 # Runs the schema compiler over schema/ and gives its output to the targets that compile it.
 #
-# Headers go to generated/include/korva, units to generated/<room>. Units are few and fixed, and are
-# listed here; headers are many, and follow from the schema: the compiler's own list of them is kept in
-# generated/outputs.txt, and read back at the next configure, so that a changed header rebuilds what
-# includes it and nothing else.
+# Headers go to generated/include/korva, units to generated/<room>. Units are few and fixed, and
+# KorvaGeneratedUnits.cmake lists them. Headers are many, and follow from the schema: the compiler's own
+# list of them is kept in generated/outputs.txt and read back at the next configure, so that a changed
+# header rebuilds what includes it and nothing else.
 
-# bus.xsd and what it joins; the header that every service refers to.
-set(KORVA_SCHEMA_FILES
-    bus.xsd
-    busHeader.xsd
-    content.xsd
-    search.xsd
-    options.xsd
-    parameters.xsd
-    conversation.xsd
-    specifications.xsd
-    schedules.xsd
-    services.xsd
-    fields.xsd
-    faults.xsd
-    restrictedStrings.xsd
-    enums.xsd
-    properties.xsd
-    arrays.xsd
-    soap-encoding.xsd
-    header.wsdl)
-
-# What the compiler is given, in this order: the messages, then each service.
-set(KORVA_WSDL_FILES
-    messages.wsdl
-    reportService.wsdl
-    batchReportService.wsdl
-    VelmoraTabulon.wsdl
-    deliveryService.wsdl
-    dispatcher.wsdl
-    monitorService.wsdl
-    contentManagerService.wsdl
-    contentManagerCacheService.wsdl
-    eventManagementService.wsdl
-    mobileService.wsdl)
-
-foreach(list IN ITEMS KORVA_SCHEMA_FILES KORVA_WSDL_FILES)
-    foreach(name IN LISTS ${list})
-        if(NOT EXISTS "${PROJECT_SOURCE_DIR}/schema/${name}")
-            list(REMOVE_ITEM ${list} ${name})
-        endif()
-    endforeach()
-endforeach()
-
+include("${CMAKE_CURRENT_LIST_DIR}/KorvaSchemaFiles.cmake")
 include("${CMAKE_CURRENT_LIST_DIR}/KorvaGeneratedUnits.cmake")
 
 set(KORVA_GENERATED_DIR "${PROJECT_BINARY_DIR}/generated")
@@ -55,8 +13,8 @@ set(KORVA_SCHEMA_DIR "${PROJECT_BINARY_DIR}/schema")
 
 # korva_generate()
 #
-# Declares the one command that writes everything generated, and the target korva_generated for what
-# must wait for it.
+# Declares the run that writes everything generated, and the target korva_generated for what must wait
+# for it.
 function(korva_generate)
     if(KORVA_SCHEMA_COMPILER)
         set(compiler "${KORVA_SCHEMA_COMPILER}")
@@ -83,17 +41,24 @@ function(korva_generate)
     set(stamp "${KORVA_GENERATED_DIR}/stamp")
     add_custom_command(
         OUTPUT "${stamp}"
-        BYPRODUCTS ${outputs} ${copies}
         COMMAND
             ${CMAKE_COMMAND} "-DCOMPILER=${compiler}" "-DAUTHORITY=${KORVA_BUS_AUTHORITY}"
             "-DSOURCES=${PROJECT_SOURCE_DIR}/schema" "-DCOPIES=${KORVA_SCHEMA_DIR}"
-            "-DXSDS=${KORVA_SCHEMA_FILES}" "-DWSDLS=${KORVA_WSDL_FILES}"
-            "-DUNITS=${KORVA_GENERATED_UNITS}" "-DOUT=${KORVA_GENERATED_DIR}" "-DSTAMP=${stamp}" -P
-            "${script}"
-        DEPENDS ${sources} "${script}" "${compiler}"
+            "-DOUT=${KORVA_GENERATED_DIR}" "-DSTAMP=${stamp}" -P "${script}"
+        DEPENDS ${sources} "${compiler}" "${script}"
+                "${PROJECT_SOURCE_DIR}/cmake/KorvaSchemaFiles.cmake"
+                "${PROJECT_SOURCE_DIR}/cmake/KorvaGeneratedUnits.cmake"
         COMMENT "Compiling the schema"
         VERBATIM)
-    add_custom_target(korva_generated DEPENDS "${stamp}")
+    # The files are declared apart from the command that writes them, so that a fault in the schema is
+    # not told below a list of them all.
+    add_custom_command(
+        OUTPUT ${outputs} ${copies}
+        COMMAND ${CMAKE_COMMAND} -E true
+        DEPENDS "${stamp}"
+        COMMENT "Taking up the generated files"
+        VERBATIM)
+    add_custom_target(korva_generated DEPENDS ${outputs} ${copies})
 endfunction()
 
 # korva_use_generated(<target> <room>...)

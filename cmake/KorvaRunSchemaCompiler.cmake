@@ -2,6 +2,9 @@
 # removes what an earlier run wrote and this one did not, and checks the units against CMake's list.
 cmake_minimum_required(VERSION 3.25)
 
+include("${CMAKE_CURRENT_LIST_DIR}/KorvaSchemaFiles.cmake")
+include("${CMAKE_CURRENT_LIST_DIR}/KorvaGeneratedUnits.cmake")
+
 set(default_authority "http://bus.korva.example")
 
 # Leaves a file alone that has the content already.
@@ -15,14 +18,14 @@ function(write_if_different path content)
     file(WRITE "${path}" "${content}")
 endfunction()
 
-foreach(name IN LISTS XSDS WSDLS)
+foreach(name IN LISTS KORVA_SCHEMA_FILES KORVA_WSDL_FILES)
     file(READ "${SOURCES}/${name}" text)
     string(REPLACE "${default_authority}" "${AUTHORITY}" text "${text}")
     write_if_different("${COPIES}/${name}" "${text}")
 endforeach()
 
 set(arguments --schema "${COPIES}/bus.xsd")
-foreach(name IN LISTS WSDLS)
+foreach(name IN LISTS KORVA_WSDL_FILES)
     list(APPEND arguments --wsdl "${COPIES}/${name}")
 endforeach()
 list(APPEND arguments --out "${OUT}")
@@ -40,10 +43,10 @@ string(REPLACE "\n" ";" outputs "${listed}")
 
 set(units ${outputs})
 list(FILTER units INCLUDE REGEX "\\.cpp$")
-set(missing ${UNITS})
+set(missing ${KORVA_GENERATED_UNITS})
 list(REMOVE_ITEM missing ${units})
 set(unknown ${units})
-list(REMOVE_ITEM unknown ${UNITS})
+list(REMOVE_ITEM unknown ${KORVA_GENERATED_UNITS})
 if(missing OR unknown)
     message(FATAL_ERROR "cmake/KorvaGeneratedUnits.cmake does not list what korva-schemac writes.\n"
                         "Listed, not written: ${missing}\nWritten, not listed: ${unknown}")
