@@ -1,0 +1,49 @@
+// How serializers walk the children of any object.
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+#include "core/Descriptor.h"
+
+namespace korva {
+
+/// One child, as the reflective contract tells it.
+struct Child {
+    const char* name; ///< as getChildObjectNames gives it: a number in an array
+    ObjectType type;  ///< the declared type
+    void* value;      ///< as getChildObject(name, false) gives it
+};
+
+/// Visits the declared children of an object in their order. The result is that of
+/// getChildObjectNames with getChildType and getChildObject for each name; objects of generated
+/// classes are read by their tables, without asking for each child that is not set.
+class ChildWalk {
+public:
+    /// @param skipUnset pass over children whose value is null, but for arrays
+    ChildWalk(const KORVASchemaTypeI& object, bool skipUnset);
+
+    /// Whether the object has no child names at all.
+    bool empty() const { return m_childCount == 0; }
+    /// Whether the one child is the object's own text, under the empty name.
+    bool isContent() const;
+
+    /// The next child; false behind the last.
+    bool next(Child& child);
+
+private:
+    bool nextField(Child& child);
+    void enterLevel();
+
+    KORVASchemaTypeI* m_object;
+    const ClassDescriptor* m_class; ///< null when the object is asked by name
+    bool m_isArray;
+    bool m_isContent;
+    bool m_skipUnset;
+    std::size_t m_childCount;
+    std::size_t m_position;         ///< of the next child, or of the next field in m_level
+    const ClassDescriptor* m_level; ///< the level that is being visited
+    std::vector<const char*> m_names;
+};
+
+} // namespace korva

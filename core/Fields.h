@@ -1,0 +1,79 @@
+// Reading and writing the fields of a record by their descriptors.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+
+#include "core/Descriptor.h"
+
+namespace korva {
+
+/// A field, and the level of the hierarchy that declares it.
+struct FieldOfLevel {
+    const ClassDescriptor* level;
+    const FieldDescriptor* field; ///< null when no level knows the name
+};
+
+/// Looks the name up from the most derived class to the root.
+inline FieldOfLevel findField(const ClassDescriptor& descriptor, std::uint32_t crc) {
+    for (const ClassDescriptor* level = &descriptor; level != nullptr; level = level->base)
+        if (const FieldDescriptor* const field = level->find(crc)) return {level, field};
+    return {nullptr, nullptr};
+}
+
+inline void* at(const Record& record, std::uint16_t offset) {
+    // The record belongs to an object that is not const, whatever the reference says.
+    return const_cast<char*>(reinterpret_cast<const char*>(&record)) + offset;
+}
+
+// Fields of many pointer types are moved as bytes, so that no type is read as another.
+
+template <class Value>
+Value load(const Record& record, std::uint16_t offset) {
+    Value value;
+    std::memcpy(&value, at(record, offset), sizeof value);
+    return value;
+}
+
+template <class Value>
+void store(const Record& record, std::uint16_t offset, Value value) {
+    std::memcpy(at(record, offset), &value, sizeof value);
+}
+
+inline bool hasNoValueFlag(FieldKind kind) {
+    return kind == FieldKind::Boolean || kind == FieldKind::Int || kind == FieldKind::Float;
+}
+
+/// What getChildObject gives for a field.
+inline void* readField(const Record& record, const FieldDescriptor& field, bool forWrite) {
+    switch (field.kind) {
+        case FieldKind::Object:
+        case FieldKind::Text:
+        case FieldKind::Binary: return load<void*>(record, field.offset);
+        case FieldKind::Boolean:
+        case FieldKind::Int:
+        case FieldKind::Float:
+            if (forWrite)
+                store(record, field.flagOffset, false);
+            else if (load<bool>(record, field.flagOffset))
+                return nullptr;
+            return at(record, field.offset);
+        case FieldKind::EmbeddedArray: return at(record, field.offset);
+    }
+    return nullptr;
+}
+
+/// Reads the value of the plain type `type` that `obj` points at. Numbers are converted; out of
+/// range they saturate.
+/// @return false when `type` is no number and no boolean; `value` is then left alone
+bool readValue(const void* obj, ObjectType type, bool& value);
+bool readValue(const void* obj, ObjectType type, int& value);
+bool readValue(const void* obj, ObjectType type, float& value);
+
+/// Stores such a value in a boolean, int or float field and marks it as present.
+/// @return as above
+bool storeValue(const Record& record, const FieldDescriptor& field, const void* obj,
+                ObjectType type);
+
+} // namespace korva

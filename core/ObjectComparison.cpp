@@ -1,0 +1,152 @@
+#include "core/ObjectComparison.h"
+
+#include <vector>
+
+#include "core/ArrayAccess.h"
+#include "core/Fields.h"
+#include "core/TextValue.h"
+
+#include <korva/KORVASchemaTypesFactory.h>
+#include <korva/KORVA_ClassObject.h>
+#include <korva/KORVA_EnumObject.h>
+#include <korva/KORVA_RestrictedString.h>
+
+namespace korva {
+
+namespace {
+
+/// Uses the comparison of the object's family; objects of no family are equal to themselves only.
+bool equalByOperator(const KORVASchemaTypeI& left, const KORVASchemaTypeI& right) {
+    if (const auto* object = dynamic_cast<const KORVA_EnumObject*>(&left))
+        return !object->operator!=(right);
+    if (const auto* object = dynamic_cast<const KORVA_RestrictedString*>(&left))
+        return !object->operator!=(right);
+    if (const auto* object = dynamic_cast<const KORVA_ClassObject*>(&left))
+        return !object->operator!=(right);
+    if (const auto* object = dynamic_cast<const KORVA_ArrayObject*>(&left))
+        return !object->operator!=(right);
+    return &left == &right;
+}
+
+/// One comparison: pairs still to be compared wait in a list instead of on the stack.
+class Comparison {
+public:
+    bool equalFields(const ClassDescriptor& descriptor, const Record& left, const Record& right) {
+        for (const ClassDescriptor* level = &descriptor; level != nullptr; level = level->base)
+            for (const FieldDescriptor& field : *level)
+                if (!equalField(field, left, right)) return false;
+        return true;
+    }
+
+    bool equalElements(const KORVA_ArrayObject& left, const KORVA_ArrayObject& right) {
+        const std::size_t count = left.size();
+        if (right.size() != count) return false;
+        const ObjectType type = ArrayAccess::elementType(left);
+        for (std::size_t i = 0; i < count; ++i) {
+            const void* const a = ArrayAccess::slot(left, i);
+            const void* const b = ArrayAccess::slot(right, i);
+            if (!equalElement(type, a, b)) return false;
+        }
+        return true;
+    }
+
+    /// Compares what waits.
+    bool run() {
+        while (!m_pending.empty()) {
+            const Pair pair = m_pending.back();
+            m_pending.pop_back();
+            if (!equalObjects(*pair.left, *pair.right)) return false;
+        }
+        return true;
+    }
+
+private:
+    struct Pair {
+        const KORVASchemaTypeI* left;
+        const KORVASchemaTypeI* right;
+    };
+
+    bool postpone(const KORVASchemaTypeI* left, const KORVASchemaTypeI* right) {
+        if (left == nullptr || right == nullptr) return left == right;
+        if (left != right) m_pending.push_back({left, right});
+        return true;
+    }
+
+    bool equalObjects(const KORVASchemaTypeI& left, const KORVASchemaTypeI& right) {
+        const TypeDescriptor* const type = findType(left.getObjectType());
+        // A class that somebody derived from a generated one may compare in its own way.
+        if (type == nullptr || type->typeInfo == nullptr || typeid(left) != *type->typeInfo)
+            return equalByOperator(left, right);
+        if (type->fields != nullptr)
+            return right.isa(type->identity) &&
+                   equalFields(*type->fields, *ClassDescriptor::recordOf(left),
+                               *ClassDescriptor::recordOf(right));
+        if (type->elementType != KORVASchemaTypeI::e_Unknown)
+            return right.isa(type->identity) &&
+                   equalElements(static_cast<const KORVA_ArrayObject&>(left),
+                                 static_cast<const KORVA_ArrayObject&>(right));
+        return equalByOperator(left, right);
+    }
+
+    bool equalElement(ObjectType type, const void* left, const void* right) {
+        switch (type) {
+            case KORVASchemaTypeI::eInt:
+            case KORVASchemaTypeI::eInteger:
+                return *static_cast<const int*>(left) == *static_cast<const int*>(right);
+            case KORVASchemaTypeI::eBoolean:
+                return *static_cast<const bool*>(left) == *static_cast<const bool*>(right);
+            default: break;
+        }
+        if (KORVASchemaTypesFactory::isString(type))
+            return equalTexts(static_cast<const char*>(left), static_cast<const char*>(right));
+        return postpone(static_cast<const KORVASchemaTypeI*>(left),
+                        static_cast<const KORVASchemaTypeI*>(right));
+    }
+
+    bool equalField(const FieldDescriptor& field, const Record& left, const Record& right) {
+        if (hasNoValueFlag(field.kind) &&
+            load<bool>(left, field.flagOffset) != load<bool>(right, field.flagOffset))
+            return false;
+        switch (field.kind) {
+            case FieldKind::Object:
+                return postpone(load<const KORVASchemaTypeI*>(left, field.offset),
+                                load<const KORVASchemaTypeI*>(right, field.offset));
+            case FieldKind::Text:
+                return equalTexts(load<const char*>(left, field.offset),
+                                  load<const char*>(right, field.offset));
+            case FieldKind::Boolean:
+                return load<bool>(left, field.offset) == load<bool>(right, field.offset);
+            case FieldKind::Int:
+                return load<int>(left, field.offset) == load<int>(right, field.offset);
+            case FieldKind::Float:
+                return load<float>(left, field.offset) == load<float>(right, field.offset);
+            case FieldKind::Binary:
+                return equalBinaries(load<const KORVAXSBase64Binary*>(left, field.offset),
+                                     load<const KORVAXSBase64Binary*>(right, field.offset));
+            case FieldKind::EmbeddedArray:
+                return equalElements(
+                    *static_cast<const KORVA_ArrayObject*>(at(left, field.offset)),
+                    *static_cast<const KORVA_ArrayObject*>(at(right, field.offset)));
+        }
+        return false;
+    }
+
+    std::vector<Pair> m_pending;
+};
+
+} // namespace
+
+bool equalFields(const ClassDescriptor& descriptor, const KORVASchemaTypeI& left,
+                 const KORVASchemaTypeI& right) {
+    Comparison comparison;
+    return comparison.equalFields(descriptor, *ClassDescriptor::recordOf(left),
+                                  *ClassDescriptor::recordOf(right)) &&
+           comparison.run();
+}
+
+bool equalElements(const KORVA_ArrayObject& left, const KORVA_ArrayObject& right) {
+    Comparison comparison;
+    return comparison.equalElements(left, right) && comparison.run();
+}
+
+} // namespace korva

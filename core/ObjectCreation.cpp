@@ -1,0 +1,27 @@
+#include "core/ObjectCreation.h"
+
+#include <memory>
+
+#include "core/Names.h"
+
+#include <zel/ZELFrame.h>
+
+namespace korva {
+
+KORVASchemaTypeI* createRegistered(TypeDescriptor::Create create, KORVAObjectRegistryI& registry) {
+    ZEL_TRY {
+        std::unique_ptr<KORVASchemaTypeI> object(create());
+        registry.registerPointer(object.get());
+        return object.release();
+    }
+    ZEL_CATCH(nullptr)
+}
+
+void assertCopySource(const KORVASchemaTypeI& object, ObjectType identity) {
+    if (object.isa(identity)) return;
+    zel::assertionFailed(
+        ("ZEL_ASSERT(obj.isa(KORVASchemaTypeI::e" + className(identity) + "));").c_str(),
+        ZEL_LOCATION);
+}
+
+} // namespace korva

@@ -1,0 +1,16 @@
+// What marks a declaration as part of the library's interface, and the version of the contract
+// between the core and the generated code.
+#pragma once
+
+#if defined(_WIN32)
+#if defined(KorvaObjModel_EXPORTS)
+#define KORVA_EXPORT __declspec(dllexport)
+#else
+#define KORVA_EXPORT __declspec(dllimport)
+#endif
+#else
+#define KORVA_EXPORT __attribute__((visibility("default")))
+#endif
+
+/// The contract between the core and what korva-schemac writes; each generated file checks it.
+#define KORVA_CORE_VERSION 1

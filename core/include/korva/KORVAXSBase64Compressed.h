@@ -1,0 +1,27 @@
+// Binary values whose stream holds gzip data.
+#pragma once
+
+#include <korva/KORVAXSBase64Binary.h>
+
+/// A binary value that may be streamed from gzip data; it is expanded when it is written, so that
+/// the wire carries the plain data in base64.
+class KORVA_EXPORT KORVAXSBase64Compressed : public KORVAXSBase64Binary {
+public:
+    KORVAXSBase64Compressed();
+    ~KORVAXSBase64Compressed() override;
+
+    using KORVAXSBase64Binary::reference;
+
+    /// Takes the bytes from `streamable`, which must outlive the value.
+    /// @param compressed whether the stream holds gzip data
+    void reference(const KORVA_Streamable& streamable, bool compressed);
+
+    /// Whether the stream holds gzip data.
+    bool isCompressed() const { return m_compressed; }
+
+    /// @throws ZELException the gzip data are damaged or end early
+    void serialize(BRIMOutputStream& out) const override;
+
+private:
+    bool m_compressed;
+};
