@@ -2,6 +2,7 @@
 
 #include "generator/Diagnostics.h"
 #include "generator/Options.h"
+#include "generator/emit/Emit.h"
 #include "generator/model/Schema.h"
 #include "generator/passes/Passes.h"
 #include "generator/reader/SchemaReader.h"
@@ -35,7 +36,17 @@ int run(const std::vector<std::string>& arguments, std::ostream& output, std::os
         errors << diagnostics.text();
         return 1;
     }
-    return 0;
+    const emit::Files files = emit::emitAll(schema);
+    if (options->listOutputs) {
+        for (const auto& [path, content] : files.all())
+            output << path << "\n";
+        return 0;
+    }
+    bool good = options->out.empty() || files.write(options->out, errors);
+    if (!options->docs.empty()) {
+        good = emit::writeFile(options->docs, emit::emitDocs(schema), errors) && good;
+    }
+    return good ? 0 : 1;
 }
 
 }  // namespace korva::schemac

@@ -22,6 +22,14 @@ bool Type::isA(const Type& other) const {
     return false;
 }
 
+const std::string& Schema::messagesFile() const {
+    return messages.empty() ? files.front() : messages.front().at.file;
+}
+
+const std::string& Schema::portTypesFile() const {
+    return portTypes.empty() ? messagesFile() : portTypes.front().at.file;
+}
+
 const Type* Schema::find(std::string_view name) const {
     const auto found = typesByName.find(name);
     return found == typesByName.end() ? nullptr : found->second;

@@ -36,6 +36,14 @@ enum class TypeKind { Class, Property, Array, Enum, RestrictedString };
 /// EmbeddedArray: its arrays are kept by pointer, as Object.
 enum class FieldKind { Object, Text, Boolean, Int, Float, Binary, EmbeddedArray };
 
+/// How many units each family is spread over. The build lists the units, so a number changes here
+/// and there at once.
+inline constexpr unsigned kClassUnits = 8;
+inline constexpr unsigned kPropertyUnits = 2;
+inline constexpr unsigned kArrayUnits = 2;
+inline constexpr unsigned kMessageUnits = 4;
+inline constexpr unsigned kPortTypeUnits = 2;
+
 struct Type;
 
 /// The use of a type by name.
@@ -62,6 +70,7 @@ struct Field {
 
     // Decided by "kinds", "names" and "identities".
     FieldKind kind = FieldKind::Object;
+    std::string member;           ///< name in the record: the wire name, or that and "_"
     std::string stem;             ///< "DailyPeriod", as in getDailyPeriod
     std::int32_t identity = 0;    ///< CRC-32 of the name
     std::int32_t objectType = 0;  ///< declared type: a plain type's number or an identity
@@ -106,6 +115,7 @@ struct Type {
     std::int32_t identity = 0;
     unsigned depth = 0;  ///< number of base classes above this one
     std::size_t inheritedFields = 0;
+    unsigned unit = 0;                          ///< 1-based, of the family's units
     FieldKind elementKind = FieldKind::Object;  ///< arrays only
     std::int32_t elementObjectType = 0;         ///< arrays only
     /// "schedule[]" when this is the array that stands for its element type, else empty.
@@ -126,6 +136,7 @@ struct Message {
     std::string className;  ///< "KORVAAsynchRun_Request"
     std::int32_t identity = 0;
     bool isRequest = false;
+    unsigned unit = 0;  ///< 1-based, of the messages' units
 };
 
 /// The use of a message or a port type by name.
@@ -166,7 +177,9 @@ struct PortType {
     // Decided by "names" and "operations".
     std::string className;  ///< "KORVADispatcherPortType"
     std::string boundNamespace;
-    std::vector<OperationParam> params;  ///< in the order of the schema, each key once
+    unsigned unit = 0;                   ///< 1-based, of the port types' units
+    std::vector<const Operation*> rows;  ///< by name, versions of one name in table order
+    std::vector<OperationParam> params;  ///< by key, each once: the first version's type holds
 };
 
 struct BindingOperation {
@@ -209,8 +222,15 @@ struct Schema {
     std::vector<const Type*> arrays;
     std::vector<const Type*> enums;
     std::vector<const Type*> restrictedStrings;
-    std::vector<const Message*> sortedMessages;  ///< by name
-    std::vector<TableWord> words;                ///< by signed identity, each text once
+    std::vector<const Type*> byIdentity;   ///< all types, by unsigned identity
+    std::vector<const Type*> arraysByKey;  ///< those with an array key, by its bytes
+    std::vector<const Message*> messagesByName;
+    std::vector<const Message*> messagesByIdentity;  ///< by signed identity
+    std::vector<TableWord> words;                    ///< by unsigned identity, each text once
+
+    /// The file that stands for all messages, or all port types, in what is made from them.
+    const std::string& messagesFile() const;
+    const std::string& portTypesFile() const;
 
     const Type* find(std::string_view name) const;
 };

@@ -53,6 +53,35 @@ constexpr std::array<std::string_view, 7> kTakenParamStems = {
     "ChildObject", "ChildObjectNames", "ChildType",     "HalyardHeader",
     "MessageName", "MessageType",      "ObjectRegistry"};
 
+// Keywords and macros of the standard library that could be the name of a field.
+constexpr std::array<std::string_view, 102> kNoMembers = {
+    "EOF",       "NAN",          "NULL",          "alignas",
+    "alignof",   "and",          "and_eq",        "asm",
+    "assert",    "auto",         "bitand",        "bitor",
+    "bool",      "break",        "case",          "catch",
+    "char",      "char16_t",     "char32_t",      "char8_t",
+    "class",     "co_await",     "co_return",     "co_yield",
+    "compl",     "concept",      "const",         "const_cast",
+    "consteval", "constexpr",    "constinit",     "continue",
+    "decltype",  "default",      "delete",        "do",
+    "double",    "dynamic_cast", "else",          "enum",
+    "errno",     "explicit",     "export",        "extern",
+    "false",     "float",        "for",           "friend",
+    "goto",      "if",           "inline",        "int",
+    "long",      "mutable",      "namespace",     "new",
+    "noexcept",  "not",          "not_eq",        "nullptr",
+    "operator",  "or",           "or_eq",         "private",
+    "protected", "public",       "register",      "reinterpret_cast",
+    "requires",  "return",       "short",         "signed",
+    "sizeof",    "static",       "static_assert", "static_cast",
+    "stderr",    "stdin",        "stdout",        "struct",
+    "switch",    "template",     "this",          "thread_local",
+    "throw",     "true",         "try",           "typedef",
+    "typeid",    "typename",     "union",         "unix",
+    "unsigned",  "using",        "virtual",       "void",
+    "volatile",  "wchar_t",      "while",         "xor",
+    "xor_eq",    "linux"};
+
 constexpr std::string_view kIdentifier = "letters, digits and '_', a letter first";
 
 bool isLetter(char c) {
@@ -132,6 +161,8 @@ private:
     void nameField(Field& field, std::map<std::string, const Field*>& stems,
                    const std::array<std::string_view, N>& taken, const std::string& owner) {
         field.stem = raised(field.name);
+        field.member = field.name;
+        if (contains(kNoMembers, field.name)) field.member += "_";
         if (!isIdentifier(field.name)) {
             m_diagnostics.error(field.at, owner, "the name is no identifier", kIdentifier);
             return;

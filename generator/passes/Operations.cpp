@@ -151,7 +151,6 @@ private:
         }
     }
 
-    // All versions of an operation share one key for each name; the first version's type holds.
     static void collectParams(PortType& portType) {
         std::set<std::string> seen;
         for (const Operation& operation : portType.operations) {

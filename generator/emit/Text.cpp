@@ -1,0 +1,131 @@
+#include "generator/emit/Text.h"
+
+#include <algorithm>
+#include <array>
+
+namespace korva::schemac::emit {
+
+namespace {
+
+constexpr std::size_t kColumns = 100;
+constexpr std::string_view kComment = "/// ";
+
+// Breaks `text` at blanks into lines of at most `width`, and hands each to `add`.
+template <class Add>
+void wrap(std::string_view text, std::size_t width, Add add) {
+    while (text.size() > width) {
+        std::size_t cut = text.rfind(' ', width);
+        if (cut == std::string_view::npos) cut = text.find(' ', width);
+        if (cut == std::string_view::npos) break;
+        add(text.substr(0, cut));
+        text.remove_prefix(cut + 1);
+    }
+    if (!text.empty()) add(text);
+}
+
+std::string lines(std::vector<std::string> names, std::string_view before, std::string_view after) {
+    std::sort(names.begin(), names.end());
+    names.erase(std::unique(names.begin(), names.end()), names.end());
+    std::string out;
+    for (const std::string& name : names)
+        out.append(before).append(name).append(after);
+    return out;
+}
+
+}  // namespace
+
+std::string sourceName(std::string_view path) {
+    std::size_t slash = path.rfind('/');
+    if (slash != std::string_view::npos && slash > 0) slash = path.rfind('/', slash - 1);
+    return std::string(slash == std::string_view::npos ? path : path.substr(slash + 1));
+}
+
+std::string docComment(std::string_view text, std::size_t indent) {
+    std::string out;
+    const std::size_t width = kColumns - indent - kComment.size();
+    while (!text.empty()) {
+        const std::size_t end = std::min(text.find('\n'), text.size());
+        if (end == 0) out.append("///\n");
+        wrap(text.substr(0, end), width, [&](std::string_view line) {
+            // A backslash at the end would draw the next line into the comment.
+            out.append(kComment).append(line).append(line.ends_with('\\') ? ".\n" : "\n");
+        });
+        text.remove_prefix(std::min(end + 1, text.size()));
+    }
+    return out;
+}
+
+std::string sentence(std::string_view text) {
+    std::string out(text);
+    if (!out.empty() && std::string_view(".!?:;").find(out.back()) == std::string_view::npos) {
+        out.push_back('.');
+    }
+    return out;
+}
+
+std::string joined(std::string_view left, std::string_view right) {
+    std::string out(left);
+    if (!left.empty() && !right.empty()) out.push_back(' ');
+    return out.append(right);
+}
+
+std::string literal(std::string_view text) {
+    std::string out("\"");
+    for (const char c : text) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (c == '"' || c == '\\' || c == '?') {
+            out.push_back('\\');
+            out.push_back(c);
+        } else if (byte >= 0x20 && byte < 0x7F) {
+            out.push_back(c);
+        } else {
+            // Octal, which ends after three digits whatever follows.
+            out.push_back('\\');
+            for (int shift = 6; shift >= 0; shift -= 3) {
+                out.push_back(static_cast<char>('0' + ((byte >> shift) & 7)));
+            }
+        }
+    }
+    return out.append("\"");
+}
+
+std::string hex(std::int32_t identity) {
+    constexpr std::string_view digits = "0123456789ABCDEF";
+    std::string out = "0x";
+    for (int shift = 28; shift >= 0; shift -= 4) {
+        out.push_back(digits[(static_cast<std::uint32_t>(identity) >> shift) & 0xF]);
+    }
+    return out.append("U");
+}
+
+std::string decimal(std::int64_t number) {
+    return std::to_string(number);
+}
+
+std::string objectType(const model::TypeReference& reference) {
+    constexpr std::array<std::string_view, 11> kPlain = {
+        "e_Unknown", "eString",  "eInt",          "eInteger", "eDecimal", "eTime",
+        "eDateTime", "eBoolean", "eBase64Binary", "eFloat",   "eQName"};
+    std::string out = "KORVASchemaTypeI::";
+    if (reference.type != nullptr) return out.append("e").append(reference.type->className);
+    return out.append(kPlain[static_cast<std::size_t>(reference.plain)]);
+}
+
+std::string filled(const std::vector<std::string>& items, std::size_t indent) {
+    std::string all;
+    for (const std::string& item : items)
+        all.append(all.empty() ? "" : " ").append(item);
+    std::string out;
+    wrap(all, kColumns - indent, [&](std::string_view line) { out.append(line).append("\n"); });
+    return out;
+}
+
+std::string includes(std::vector<std::string> classNames) {
+    return lines(std::move(classNames), "#include <korva/", ".h>\n");
+}
+
+std::string forwards(std::vector<std::string> classNames) {
+    return lines(std::move(classNames), "class ", ";\n");
+}
+
+}  // namespace korva::schemac::emit
