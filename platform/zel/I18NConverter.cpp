@@ -46,9 +46,10 @@ void I18NConverter::append(const char16_t* text, std::size_t length, ZELByteBuff
             buffer.commit(length);
             return;
         }
+        // Nothing is kept before there is room for the rest, so that a failure leaves no half
+        // piece behind; writing the first half again is cheap.
+        buffer.commit(0);
     }
-    // The first attempt isn't committed before the room for the rest is there, so that a failure
-    // leaves nothing behind; writing it again is cheap.
     const std::size_t bound = ascii + encodedBound(text + ascii, length - ascii, m_pending);
     char* begin = buffer.extend(bound);
     char* end = encode(text, length, m_pending, begin);

@@ -8,6 +8,13 @@
 #include <new>
 #include <utility>
 
+namespace {
+
+/// No allocation is ever larger; below it no sum here can wrap.
+constexpr std::size_t limit = std::numeric_limits<std::size_t>::max() / 4;
+
+}  // namespace
+
 ZELByteBuffer::ZELByteBuffer(int growth, std::size_t size, unsigned) noexcept
     : m_firstSize(
           static_cast<unsigned>(std::min<std::size_t>(size, std::numeric_limits<unsigned>::max()))),
@@ -77,10 +84,7 @@ void ZELByteBuffer::chop(std::size_t count) noexcept {
 }
 
 void ZELByteBuffer::grow(std::size_t more) {
-    // No allocation is ever larger than this; below it no sum here can wrap.
-    constexpr std::size_t limit = std::numeric_limits<std::size_t>::max() / 4;
-    if (more > limit - m_length) ZEL_THROW(ZELOutOfMemoryError(), "ZELByteBuffer::grow");
-
+    if (more > limit - m_length) more = limit - m_length + 1;
     std::size_t capacity = m_length + more;
     if (!m_pBuffer) {
         // The first allocation has `m_firstSize` bytes, one of which is the NUL's.
@@ -92,14 +96,14 @@ void ZELByteBuffer::grow(std::size_t more) {
 }
 
 void ZELByteBuffer::reallocate(std::size_t capacity) {
+    if (capacity > limit) ZEL_THROW(ZELOutOfMemoryError(), "ZELByteBuffer::reallocate");
     ZEL_TRY {
         char* buffer = new char[capacity + 1];
         if (m_pBuffer) {
-            std::memcpy(buffer, m_pBuffer, m_length + 1);
+            std::memcpy(buffer, m_pBuffer, m_length);
             delete[] m_pBuffer;
-        } else {
-            *buffer = '\0';
         }
+        buffer[m_length] = '\0';
         m_pBuffer = buffer;
         m_capacity = capacity;
     }

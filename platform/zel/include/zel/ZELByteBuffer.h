@@ -70,17 +70,18 @@ public:
     void chop(std::size_t count) noexcept;
 
     /// Room for `length` more bytes at the end, to be written directly and then made part of the
-    /// contents with `commit`. Never null unless `length` is 0.
+    /// contents with `commit`; in between `str()` has no NUL at its end. Never null unless `length`
+    /// is 0.
     char* extend(std::size_t length) {
         if (length > m_capacity - m_length) grow(length);
         return m_pBuffer + m_length;
     }
 
-    /// Takes in the first `length` bytes of what `extend` gave: no more than were asked for there.
+    /// Takes in the first `length` bytes of what `extend` gave, no more than were asked for there,
+    /// and ends them with a NUL. 0 undoes an `extend`.
     void commit(std::size_t length) noexcept {
-        if (length == 0) return;
         m_length += length;
-        m_pBuffer[m_length] = '\0';
+        if (m_pBuffer) m_pBuffer[m_length] = '\0';
     }
 
 protected:
