@@ -1,20 +1,21 @@
 // The tables of messages that korva-schemac writes.
 #pragma once
 
-#include <cstddef>
-#include <cstdint>
+#include "core/Descriptor.h"
 
 #include <korva/KORVAMessageFactory.h>
 #include <korva/KORVAMessageI.h>
+#include <korva/KORVA_PortType.h>
 
-#include "core/Descriptor.h"
+#include <cstddef>
+#include <cstdint>
 
 namespace korva {
 
 struct MessageDescriptor {
-    const char* name; ///< "asynchRun_Request"
+    const char* name;  ///< "asynchRun_Request"
     KORVAMessageI::MessageType type;
-    const FieldDescriptor* parameters; ///< in declared order; arrays are pointers here
+    const FieldDescriptor* parameters;  ///< in declared order; arrays are pointers here
     std::uint16_t parameterCount;
 
     const FieldDescriptor* begin() const { return parameters; }
@@ -25,7 +26,7 @@ struct MessageDescriptor {
 struct MessageTypeRow {
     KORVAMessageI::MessageType type;
     KORVAMessageI* (*create)();
-    const KORVAMessageFactory::KORVAParamDescriptor* parameters; ///< ended by a null name
+    const KORVAMessageFactory::KORVAParamDescriptor* parameters;  ///< ended by a null name
 };
 
 /// Ascending by type as signed number. Defined by generated code.
@@ -34,27 +35,29 @@ extern const std::size_t messageTypeCount;
 
 /// One operation of a port type.
 struct OperationRow {
-    const char* operation; ///< empty for the row of the [Null] messages
-    KORVAMessageI::MessageType input;
-    KORVAMessageI::MessageType output;
-    const char* soapAction;
+    constexpr OperationRow(const char* name, KORVAMessageI::MessageType input,
+                           KORVAMessageI::MessageType output, const char* action)
+        : operation(name), metadata(input, output, action) {}
+
+    const char* operation;  ///< empty for the row of the [Null] messages
+    KORVA_PortType::OperationMetadata metadata;
 };
 
 /// The declared type of one parameter of an operation.
 struct OperationParameterRow {
-    const char* key; ///< "run-options"
+    const char* key;  ///< "run-options"
     KORVASchemaTypeI::ObjectType type;
 };
 
 /// One port type as the generated code describes it.
 struct PortTypeDescriptor {
-    const char* className;          ///< "KORVADispatcherPortType"
-    const char* name;               ///< "dispatcher"
-    const char* boundNamespace;     ///< URI of the operation elements
-    const OperationRow* operations; ///< ascending by name, equal names in the schema's order
+    const char* className;           ///< "KORVADispatcherPortType"
+    const char* name;                ///< "dispatcher"
+    const char* boundNamespace;      ///< URI of the operation elements
+    const OperationRow* operations;  ///< ascending by name, equal names in the schema's order
     std::size_t operationCount;
-    const OperationParameterRow* parameters; ///< ascending by key
+    const OperationParameterRow* parameters;  ///< ascending by key
     std::size_t parameterCount;
 };
 
-} // namespace korva
+}  // namespace korva

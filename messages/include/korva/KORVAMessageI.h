@@ -1,14 +1,13 @@
 // The contract of the bus's messages.
 #pragma once
 
-#include <cstddef>
-#include <vector>
-
 #include <korva/KORVAObjectRegistryI.h>
 #include <korva/KORVASchemaTypeI.h>
-
 #include <zel/ZELReferenceCount.h>
 #include <zel/ZELSmartPointer.h>
+
+#include <cstddef>
+#include <vector>
 
 class KORVAHalyardHeader;
 
@@ -76,7 +75,7 @@ public:
     KORVAObjectRegistryI* getObjectRegistry();
 
 protected:
-    KORVAMessageI();
+    KORVAMessageI() noexcept;
 
 private:
     ZELSmartPointer<KORVAObjectRegistryI> m_objectRegistry;

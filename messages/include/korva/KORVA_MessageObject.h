@@ -6,7 +6,7 @@
 namespace korva {
 struct MessageDescriptor;
 struct Record;
-} // namespace korva
+}  // namespace korva
 
 /// The implementation behind every generated message: it answers the contract of KORVAMessageI from
 /// the message's table of parameters.

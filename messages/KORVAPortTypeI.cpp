@@ -1,0 +1,3 @@
+#include <korva/KORVAPortTypeI.h>
+
+KORVAPortTypeI::~KORVAPortTypeI() = default;

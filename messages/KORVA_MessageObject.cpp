@@ -1,0 +1,126 @@
+#include "core/Fields.h"
+#include "core/Names.h"
+#include "messages/MessageDescriptor.h"
+
+#include <korva/KORVASchemaTypesFactory.h>
+#include <korva/KORVA_MessageObject.h>
+#include <tarn/tarnsymbols1.h>
+#include <zel/ZELAssert.h>
+#include <zel/ZELByteBuffer.h>
+#include <zel/ZELFrame.h>
+
+#include <cstring>
+
+using korva::FieldDescriptor;
+using korva::FieldKind;
+using korva::MessageDescriptor;
+using Factory = KORVASchemaTypesFactory;
+
+namespace {
+
+/// The parameter called `name`, or null. Parameters are few, and are tried in declared order.
+const FieldDescriptor* findParameter(const MessageDescriptor& message, const char* name) {
+    std::uint32_t crc = 0;
+    if (tarnsymbols1::findCrc(name, crc)) {
+        for (const FieldDescriptor& parameter : message)
+            if (parameter.crc == crc) return &parameter;
+        return nullptr;
+    }
+    for (const FieldDescriptor& parameter : message)
+        if (std::strcmp(korva::word(parameter.crc), name) == 0) return &parameter;
+    return nullptr;
+}
+
+void clearValue(const korva::Record& record, const FieldDescriptor& parameter) {
+    switch (parameter.kind) {
+        case FieldKind::Boolean: korva::store(record, parameter.offset, false); break;
+        case FieldKind::Int: korva::store(record, parameter.offset, 0); break;
+        default: korva::store(record, parameter.offset, 0.0F); break;
+    }
+    korva::store(record, parameter.flagOffset, true);
+}
+
+}  // namespace
+
+KORVA_MessageObject::~KORVA_MessageObject() {
+    delete m_pPrivateData;
+    m_pPrivateData = nullptr;
+}
+
+KORVAMessageI::MessageType KORVA_MessageObject::getMessageType() const {
+    return descriptor().type;
+}
+
+const char* KORVA_MessageObject::getMessageName() const {
+    return descriptor().name;
+}
+
+void KORVA_MessageObject::getChildObjectNames(std::vector<const char*>& names) const {
+    ZEL_TRY {
+        const MessageDescriptor& message = descriptor();
+        names.reserve(names.size() + message.parameterCount);
+        for (const FieldDescriptor& parameter : message)
+            names.push_back(tarnsymbols1::getChar(parameter.crc));
+    }
+    ZEL_CATCH(nullptr)
+}
+
+void* KORVA_MessageObject::getChildObject(const char* name, bool forWrite) {
+    ZEL_ASSERT(name);
+    const FieldDescriptor* const parameter = findParameter(descriptor(), name);
+    return parameter != nullptr ? korva::readField(*m_pPrivateData, *parameter, forWrite) : nullptr;
+}
+
+KORVAMessageI::ObjectType KORVA_MessageObject::getChildType(const char* name) const {
+    ZEL_ASSERT(name);
+    const FieldDescriptor* const parameter = findParameter(descriptor(), name);
+    if (parameter == nullptr) return KORVASchemaTypeI::e_Unknown;
+    if (parameter->kind == FieldKind::Object) {
+        const auto* const object = korva::load<void*>(*m_pPrivateData, parameter->offset);
+        if (object != nullptr) return static_cast<const KORVASchemaTypeI*>(object)->getObjectType();
+    }
+    return parameter->type;
+}
+
+void KORVA_MessageObject::setChildObject(const char* name, void* value, const ObjectType& type) {
+    ZEL_ASSERT(name);
+    if (*name == '\0') return;
+    const MessageDescriptor& message = descriptor();
+    const FieldDescriptor* const parameter = findParameter(message, name);
+    if (parameter == nullptr) return;
+
+    const auto refuse = [&] {
+        Factory::typeError(message.name, korva::word(parameter->crc), parameter->type, type);
+    };
+    switch (parameter->kind) {
+        case FieldKind::Object:
+            if (!Factory::isGeneratedType(type)) refuse();
+            if (value != nullptr && !static_cast<KORVASchemaTypeI*>(value)->isa(parameter->type))
+                refuse();
+            korva::store(*m_pPrivateData, parameter->offset, value);
+            break;
+        case FieldKind::Text: {
+            const char* text = nullptr;
+            if (value != nullptr) {
+                // A streamed text never stands in for a parameter.
+                if (!Factory::isString(type) || type == KORVASchemaTypeI::eCharStreamable) refuse();
+                text = static_cast<const ZELByteBuffer*>(value)->str();
+            }
+            korva::store(*m_pPrivateData, parameter->offset, text);
+            break;
+        }
+        case FieldKind::Binary:
+            if (value != nullptr && !Factory::isBase64(type)) refuse();
+            korva::store(*m_pPrivateData, parameter->offset, value);
+            break;
+        case FieldKind::Boolean:
+        case FieldKind::Int:
+        case FieldKind::Float:
+            if (value == nullptr)
+                clearValue(*m_pPrivateData, *parameter);
+            else if (!korva::storeValue(*m_pPrivateData, *parameter, value, type))
+                refuse();
+            break;
+        case FieldKind::EmbeddedArray: break;  // an array is an Object here
+    }
+}
