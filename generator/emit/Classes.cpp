@@ -148,7 +148,9 @@ $class$::$class$(const $class$& other, KORVAObjectRegistryI& registry)
     korva::copyFields(korva::descriptors::$class$, other, *this, registry);
 }
 $class$::~$class$() = default;
-const korva::ClassDescriptor& $class$::descriptor() const { return korva::descriptors::$class$; }
+const korva::ClassDescriptor& $class$::descriptor() const {
+    return korva::descriptors::$class$;
+}
 )",
                   {{"class", type.className}, {"base", baseOf(type)}});
     defineNames(printer, type.className, !type.isAbstract);

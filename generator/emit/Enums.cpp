@@ -142,7 +142,9 @@ void $class$::setValue(const char* text) { m_value = stringToEnum(text); }
 void $class$::setValue(Enum value) { m_value = value; }
 $class$::Enum $class$::getValue() const { return static_cast<Enum>(m_value); }
 const char* $class$::toString() { return enumToString(getValue()); }
-const korva::EnumDescriptor& $class$::descriptor() const { return korva::descriptors::$class$; }
+const korva::EnumDescriptor& $class$::descriptor() const {
+    return korva::descriptors::$class$;
+}
 )",
                   {{"class", type.className},
                    {"name", type.name},

@@ -110,8 +110,15 @@ void decideKinds(Schema& schema, Diagnostics& diagnostics) {
                           "it cannot be the root of the properties",
                           "an abstract complexType without a base");
     }
-    for (Type& type : schema.types)
+    for (Type& type : schema.types) {
         decideTypeKind(type, propertyRoot, diagnostics);
+        if (type.isAbstract && type.baseType() != nullptr && !type.baseType()->isAbstract) {
+            diagnostics.error(
+                type.at, describe(type),
+                "it is abstract, and its base " + inQuotes(type.base->text) + " is not",
+                "an abstract base, or a class without abstract=\"true\"");
+        }
+    }
     for (Type& type : schema.types) {
         for (Field& field : type.fields)
             decideFieldKind(field);

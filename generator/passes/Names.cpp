@@ -97,6 +97,16 @@ bool isIdentifier(std::string_view text) {
                        [](char c) { return isLetter(c) || isDigit(c) || c == '_'; });
 }
 
+// `text` with '_' for each character that no identifier may contain.
+std::string identifierOf(std::string_view text) {
+    std::string out;
+    for (const char c : text) {
+        const bool continues = (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;  // of UTF-8
+        if (!continues) out.push_back(isLetter(c) || isDigit(c) ? c : '_');
+    }
+    return out;
+}
+
 template <std::size_t N>
 bool contains(const std::array<std::string_view, N>& list, std::string_view text) {
     return std::find(list.begin(), list.end(), text) != list.end();
@@ -197,10 +207,7 @@ private:
                     word.at, item("enumeration", word.text) + " of " + describe(type),
                     "the word is taken", "a word other than that at " + place(found->second->at));
             }
-            word.enumerator = std::string(kEnumeratorPrefix) + raised(word.text);
-            for (char& c : word.enumerator) {
-                if (!isLetter(c) && !isDigit(c)) c = '_';
-            }
+            word.enumerator = std::string(kEnumeratorPrefix) + identifierOf(raised(word.text));
             // Words that differ only in what a name cannot show are told apart by a number.
             const unsigned use = ++uses[word.enumerator];
             if (use > 1) word.enumerator.append("_").append(std::to_string(use));

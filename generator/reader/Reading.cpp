@@ -7,6 +7,11 @@ namespace korva::schemac::reading {
 
 namespace {
 
+std::string ownName(const XmlElement& element) {
+    const std::string* name = element.attribute("name");
+    return name == nullptr ? element.name : item(element.name, *name);
+}
+
 void readNote(const XmlElement& appinfo, Notes allowed, Annotation& into,
               Diagnostics& diagnostics) {
     constexpr std::string_view kOpen = "open ";
@@ -32,15 +37,18 @@ void readNote(const XmlElement& appinfo, Notes allowed, Annotation& into,
     if (allowed == Notes::Supplied) expected = "\"supplied\"";
     if (allowed == Notes::Open) expected = "\"open\"";
     if (allowed == Notes::OpenCount) expected = "\"open\", alone or with a number above 0";
-    diagnostics.error(appinfo.at, "appinfo of " + describe(*appinfo.parent->parent),
-                      "unknown note " + inQuotes(note), expected);
+    diagnostics.error(appinfo.at, describe(appinfo), "unknown note " + inQuotes(note), expected);
 }
 
 }  // namespace
 
 std::string describe(const XmlElement& element) {
-    const std::string* name = element.attribute("name");
-    return name == nullptr ? element.name : item(element.name, *name);
+    std::string out = ownName(element);
+    const XmlElement* owner = element.parent;
+    while (owner != nullptr && owner->attribute("name") == nullptr)
+        owner = owner->parent;
+    if (owner != nullptr && owner->parent != nullptr) out.append(" of ").append(ownName(*owner));
+    return out;
 }
 
 void checkAttributes(const XmlElement& element, std::initializer_list<std::string_view> allowed,
@@ -59,9 +67,7 @@ void checkAttributes(const XmlElement& element, std::initializer_list<std::strin
 }
 
 void refuse(const XmlElement& element, std::string_view expected, Diagnostics& diagnostics) {
-    std::string wrong = "it has no place in ";
-    wrong += element.parent == nullptr ? "a file of its own" : describe(*element.parent);
-    diagnostics.error(element.at, describe(element), wrong, expected);
+    diagnostics.error(element.at, describe(element), "it has no place here", expected);
 }
 
 std::string required(const XmlElement& element, std::string_view name, Diagnostics& diagnostics) {

@@ -16,14 +16,15 @@ inline constexpr std::string_view kWsdl = "http://schemas.xmlsoap.org/wsdl/";
 inline constexpr std::string_view kWsdlSoap = "http://schemas.xmlsoap.org/wsdl/soap/";
 inline constexpr std::string_view kSoapEncoding = "http://schemas.xmlsoap.org/soap/encoding/";
 
-/// `complexType "schedule"` for an element with a name attribute, else `complexType`.
+/// `element "active" of complexType "schedule"`: the element, with its name if it has one, and the
+/// nearest element above it that has a name (the root left out).
 std::string describe(const XmlElement& element);
 
 /// Records an error for each attribute without a namespace that is not in `allowed`.
 void checkAttributes(const XmlElement& element, std::initializer_list<std::string_view> allowed,
                      Diagnostics& diagnostics);
 
-/// Records that `element` has no place below its parent.
+/// Records that `element` has no place where it stands.
 void refuse(const XmlElement& element, std::string_view expected, Diagnostics& diagnostics);
 
 /// The value of a required attribute; records an error and returns an empty text without it.

@@ -30,10 +30,6 @@ std::vector<const XmlElement*> contentOf(const XmlElement& element) {
     return out;
 }
 
-std::string inType(std::string_view what, const model::Type& type) {
-    return std::string(what) + " of " + item("complexType", type.name);
-}
-
 }  // namespace
 
 std::string besides(const std::string& from, const std::string& relative) {
@@ -118,7 +114,7 @@ void SchemaReader::readComplexContent(const XmlElement& content, model::Type& ty
     const auto derivations = contentOf(content);
     if (derivations.size() != 1 || !(derivations.front()->is(kXsd, "extension") ||
                                      derivations.front()->is(kXsd, "restriction"))) {
-        m_diagnostics.error(content.at, inType("complexContent", type), "its derivation is unclear",
+        m_diagnostics.error(content.at, describe(content), "its derivation is unclear",
                             "one xs:extension of a class, or one xs:restriction of SOAP-ENC:Array");
         return;
     }
@@ -129,7 +125,7 @@ void SchemaReader::readComplexContent(const XmlElement& content, model::Type& ty
     if (derivation.name == "restriction") {
         const model::QName name = qualified(derivation, base, m_diagnostics);
         if (name.uri != kSoapEncoding || name.name != "Array") {
-            m_diagnostics.error(derivation.at, inType("restriction", type),
+            m_diagnostics.error(derivation.at, describe(derivation),
                                 "its base is " + inQuotes(base), "SOAP-ENC:Array");
             return;
         }
@@ -189,8 +185,8 @@ void SchemaReader::readSequence(const XmlElement& sequence, model::Type& type) {
         if (child->is(kXsd, "element")) {
             readElement(*child, type);
         } else {
-            m_diagnostics.error(child->at, inType(describe(*child), type),
-                                "it has no place in a sequence", "xs:element");
+            m_diagnostics.error(child->at, describe(*child), "it has no place in a sequence",
+                                "xs:element");
         }
     }
 }
@@ -199,13 +195,12 @@ void SchemaReader::readElement(const XmlElement& element, model::Type& type) {
     checkAttributes(element, {"name", "type", "minOccurs", "maxOccurs", "nillable"}, m_diagnostics);
     const std::string* most = element.attribute("maxOccurs");
     if (most != nullptr && *most != "1") {
-        m_diagnostics.error(element.at, inType(describe(element), type),
-                            "its maxOccurs is \"" + *most + "\"",
+        m_diagnostics.error(element.at, describe(element), "its maxOccurs is \"" + *most + "\"",
                             "\"1\"; what repeats is an array type of its own");
     }
     for (const XmlElement* child : contentOf(element)) {
-        m_diagnostics.error(child->at, inType(describe(element), type),
-                            "it defines a type in place", "the attribute \"type\"");
+        m_diagnostics.error(child->at, describe(element), "it defines a type in place",
+                            "the attribute \"type\"");
     }
     model::Field field;
     field.at = element.at;

@@ -152,8 +152,8 @@ void WsdlReader::readOperation(const XmlElement& element, model::PortType& portT
         }
     }
     if (input == nullptr || output == nullptr) {
-        m_diagnostics.error(element.at, describe(element) + " of " + describe(*element.parent),
-                            "it is incomplete", "one wsdl:input and then one wsdl:output");
+        m_diagnostics.error(element.at, describe(element), "it is incomplete",
+                            "one wsdl:input and then one wsdl:output");
         return;
     }
     operation.inputName = inputNameOf(*input, operation.name);
@@ -176,8 +176,8 @@ void WsdlReader::readBinding(const XmlElement& element) {
         } else if (child->is(kWsdlSoap, "binding")) {
             const std::string* style = child->attribute("style");
             if (style == nullptr || *style != "rpc") {
-                m_diagnostics.error(child->at, "binding of " + describe(element),
-                                    "its style is not rpc", "style=\"rpc\"");
+                m_diagnostics.error(child->at, describe(*child), "its style is not rpc",
+                                    "style=\"rpc\"");
             }
         } else if (!child->is(kWsdl, "documentation")) {
             refuse(*child, "soap:binding, wsdl:operation or wsdl:documentation", m_diagnostics);
@@ -207,15 +207,14 @@ void WsdlReader::readBindingOperation(const XmlElement& element, model::Binding&
         }
     }
     if (!hasAction || input == nullptr) {
-        m_diagnostics.error(element.at, describe(element) + " of " + describe(*element.parent),
-                            "it is incomplete", "a soap:operation and a wsdl:input");
+        m_diagnostics.error(element.at, describe(element), "it is incomplete",
+                            "a soap:operation and a wsdl:input");
         return;
     }
     if (!operation.name.empty()) binding.operations.push_back(std::move(operation));
 }
 
 void WsdlReader::readBindingInput(const XmlElement& input, model::BindingOperation& operation) {
-    const std::string owner = "input of " + describe(*input.parent);
     bool hasBody = false;
     for (const auto& child : input.children) {
         if (child->is(kWsdlSoap, "header")) {
@@ -227,7 +226,7 @@ void WsdlReader::readBindingInput(const XmlElement& input, model::BindingOperati
             operation.bodyNamespace = required(*child, "namespace", m_diagnostics);
             const std::string* use = child->attribute("use");
             if (use == nullptr || *use != "encoded") {
-                m_diagnostics.error(child->at, "body of " + owner, "its use is not encoded",
+                m_diagnostics.error(child->at, describe(*child), "its use is not encoded",
                                     "use=\"encoded\"");
             }
         } else if (!child->is(kWsdl, "documentation")) {
@@ -235,7 +234,7 @@ void WsdlReader::readBindingInput(const XmlElement& input, model::BindingOperati
         }
     }
     if (!hasBody) {
-        m_diagnostics.error(input.at, owner, "it has no soap:body",
+        m_diagnostics.error(input.at, describe(input), "it has no soap:body",
                             "a soap:body that tells the namespace of the operation");
     }
 }
