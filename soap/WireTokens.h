@@ -1,0 +1,84 @@
+// The constant texts of the wire form, each with its length.
+#pragma once
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <string_view>
+
+class BRIMOutputStream;
+
+namespace korva::wire {
+
+/// Tabs for the lines whose level is beyond what a LineToken has.
+inline constexpr auto manyTabs = [] {
+    std::array<char, 1024> tabs{};
+    tabs.fill('\t');
+    return tabs;
+}();
+
+/// A short token that starts a line, and the tabs in front of it.
+class LineToken {
+public:
+    static constexpr std::size_t maxTabs = 64;
+
+    explicit consteval LineToken(std::string_view token) : m_length(token.size()) {
+        m_text.fill('\t');
+        std::copy(token.begin(), token.end(), m_text.begin() + maxTabs);
+    }
+
+    /// The token behind `tabs` tabs, of which there are no more than maxTabs.
+    constexpr std::string_view behind(std::size_t tabs) const {
+        return {m_text.data() + maxTabs - tabs, tabs + m_length};
+    }
+
+private:
+    static constexpr std::size_t maxLength = 8;
+
+    std::array<char, maxTabs + maxLength> m_text{};
+    std::size_t m_length;
+};
+
+/// How the tags of an element start.
+struct TagForm {
+    LineToken start;
+    LineToken end;
+};
+
+// Where one constant always follows another they stand as one token. The start tag's last quote,
+// which ends the type, belongs to the token behind it.
+
+inline constexpr std::string_view lineFeed = "\n";
+inline constexpr std::string_view tagEnd = ">\n";
+
+inline constexpr std::string_view typeAttribute = " xsi:type=\"";
+inline constexpr std::string_view arrayTypeAttributes =
+    " xsi:type=\"SOAP-ENC:Array\" SOAP-ENC:arrayType=\"";
+inline constexpr std::string_view typeEndsTag = "\">";
+inline constexpr std::string_view typeEndsLine = "\">\n";
+inline constexpr std::string_view typeEndsEmptyTag = "\"/>\n";
+inline constexpr std::string_view typeEndsNilTag = "\" xsi:nil=\"true\"/>\n";
+inline constexpr std::string_view typeThenContentId = "\" href=\"cid:";
+inline constexpr std::string_view contentIdEndsTag = "\">";
+
+inline constexpr std::string_view trueText = "true";
+inline constexpr std::string_view falseText = "false";
+
+inline constexpr std::string_view xmlDeclaration = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
+inline constexpr std::string_view envelopeEnd = "</SOAP-ENV:Envelope>\n";
+inline constexpr std::string_view headerStart = "\t<SOAP-ENV:Header>\n";
+inline constexpr std::string_view headerEnd = "\t</SOAP-ENV:Header>\n";
+inline constexpr std::string_view bodyStart = "\t<SOAP-ENV:Body>\n";
+inline constexpr std::string_view bodyEnd = "\t</SOAP-ENV:Body>\n";
+inline constexpr std::string_view operationStart = "\t\t<rns1:";
+inline constexpr std::string_view operationNamespace = " xmlns:rns1=\"";
+inline constexpr std::string_view operationStartEnd = "\">\n";
+inline constexpr std::string_view operationEnd = "\t\t</rns1:";
+
+/// Writes the namespace declarations of a single object, each behind a blank.
+void writeObjectNamespaces(BRIMOutputStream& stream);
+
+/// Writes the start tag of an envelope, with all namespace declarations and without a line feed.
+void writeEnvelopeStart(BRIMOutputStream& stream);
+
+}  // namespace korva::wire
