@@ -99,8 +99,10 @@ void printFieldRows(Printer& printer, const std::string& recordName,
             flag = "offsetof(" + recordName + ", " + field.member + "IsNull)";
         }
         printer.print(R"(
+    // $name$
     {$crc$, $type$,
-     offsetof($record$, $member$), $flag$, korva::FieldKind::$kind$}, // $name$
+     offsetof($record$, $member$),
+     $flag$, korva::FieldKind::$kind$},
 )",
                       {{"crc", crc},
                        {"type", type},

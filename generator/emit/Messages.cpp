@@ -72,10 +72,15 @@ constinit const korva::MessageDescriptor $name$Descriptor = {
     "$name$", KORVAMessageI::e$class$, $params$, $count$};
 } // namespace
 
-inline $record$* $class$::data() const { return static_cast<$record$*>(m_pPrivateData); }
-$class$::$class$() : KORVA_MessageObject(new $record$) {}
+inline $record$* $class$::data() const {
+    return static_cast<$record$*>(m_pPrivateData);
+}
+$class$::$class$()
+    : KORVA_MessageObject(new $record$) {}
 $class$::~$class$() = default;
-const korva::MessageDescriptor& $class$::descriptor() const { return $name$Descriptor; }
+const korva::MessageDescriptor& $class$::descriptor() const {
+    return $name$Descriptor;
+}
 )",
                   {{"name", message.name},
                    {"class", message.className},

@@ -47,12 +47,13 @@ void decideTypeKind(Type& type, const Type* propertyRoot, Diagnostics& diagnosti
                           "a property without abstract=\"true\"");
     }
     if (type.fields.size() != 1 || type.fields.front().name != kPropertyValue) {
-        diagnostics.error(
-            type.at, describe(type),
-            "the property has " + std::to_string(type.fields.size()) + " elements" +
-                (type.fields.size() == 1 ? ", named \"" + type.fields.front().name + "\""
-                                         : std::string()),
-            "one element named \"" + std::string(kPropertyValue) + "\"");
+        std::string elements;
+        for (const Field& field : type.fields) {
+            elements.append(elements.empty() ? "the elements " : ", ").append(inQuotes(field.name));
+        }
+        if (elements.empty()) elements = "no element";
+        diagnostics.error(type.at, describe(type), "the property has " + elements,
+                          "one element named " + inQuotes(kPropertyValue));
     }
 }
 

@@ -55,6 +55,9 @@ std::string utf8(const XMLCh* text) {
     return out;
 }
 
+// Ends the parse; the error has been recorded.
+struct NestedTooDeep {};
+
 class TreeBuilder final : public xml::DefaultHandler {
 public:
     TreeBuilder(std::string path, Diagnostics& diagnostics)
@@ -68,22 +71,23 @@ public:
 
     void startElement(const XMLCh* uri, const XMLCh* localName, const XMLCh*,
                       const xml::Attributes& attributes) override {
-        if (m_depth++ >= kDeepest) return;
         auto element = std::make_unique<XmlElement>();
         element->at = {m_path, static_cast<unsigned>(m_locator->getLineNumber())};
         element->uri = utf8(uri);
         element->name = utf8(localName);
         element->prefixes.swap(m_prefixes);
         element->parent = m_current;
+        if (++m_depth >= kDeepest) {
+            m_diagnostics.error(element->at, item("element", element->name),
+                                "the file is nested too deep",
+                                "fewer than " + std::to_string(kDeepest) + " levels");
+            m_failed = true;
+            throw NestedTooDeep();
+        }
         for (XMLSize_t i = 0; i < attributes.getLength(); ++i) {
             element->attributes.push_back({utf8(attributes.getURI(i)),
                                            utf8(attributes.getLocalName(i)),
                                            utf8(attributes.getValue(i))});
-        }
-        if (m_depth == kDeepest) {
-            m_diagnostics.error(element->at, item("element", element->name),
-                                "the file is nested too deep",
-                                "fewer than " + std::to_string(kDeepest) + " levels");
         }
         XmlElement* added = element.get();
         if (m_current == nullptr) {
@@ -95,12 +99,12 @@ public:
     }
 
     void endElement(const XMLCh*, const XMLCh*, const XMLCh*) override {
-        if (m_depth-- > kDeepest) return;
+        --m_depth;
         m_current = const_cast<XmlElement*>(m_current->parent);
     }
 
     void characters(const XMLCh* text, XMLSize_t length) override {
-        if (m_depth <= kDeepest) appendUtf8(m_current->text, text, length);
+        appendUtf8(m_current->text, text, length);
     }
 
     void fatalError(const xml::SAXParseException& error) override {
@@ -157,7 +161,10 @@ std::unique_ptr<XmlElement> XmlLoader::load(const std::string& path, Diagnostics
     reader.setErrorHandler(&builder);
     const xml::MemBufInputSource source(reinterpret_cast<const XMLByte*>(bytes.data()),
                                         bytes.size(), "schema");
-    reader.parse(source);
+    try {
+        reader.parse(source);
+    } catch (const NestedTooDeep&) {
+    }
     reader.setContentHandler(nullptr);
     reader.setErrorHandler(nullptr);
     return builder.takeRoot();

@@ -1,0 +1,56 @@
+// Made by korva-schemac from sample/values.xsd; do not edit.
+#pragma once
+
+#include <korva/KORVA_EnumObject.h>
+
+#if KORVA_CORE_VERSION != 1
+#error "This file was made for another version of the core: run korva-schemac again."
+#endif
+
+class KORVAObjectRegistryI;
+
+/// What a permission does. Further words that are not known: 2.
+class KORVA_EXPORT KORVAAccessEnum : public KORVA_EnumObject {
+public:
+    /// The CRC-32 of each word.
+    enum Enum : int {
+        eKOVRAUninitialized = 0, ///< nothing is set
+        /// grant: Allows the access.
+        eKORVAGrant = -922393012,
+        eKORVADeny = 163264818, ///< deny
+        eKORVADeny_all = -1204805166, ///< deny-all
+        eKORVADeny_all_2 = 305785177, ///< deny/all
+        eKORVAGr__er = -130672720, ///< größer
+    };
+
+    KORVAAccessEnum();
+    /// Copies the value; nothing is registered.
+    KORVAAccessEnum(const KORVAAccessEnum& other, KORVAObjectRegistryI& registry);
+    ~KORVAAccessEnum() override;
+
+    /// The value of a word; eKOVRAUninitialized for the empty text.
+    /// @throws ZELAssertError `text` is null
+    /// @throws KORVAException 0xEA45DC29: the word is none of this enumeration
+    static Enum stringToEnum(const char* text);
+
+    /// The word of a value, which lives as long as the process; the empty text for
+    /// eKOVRAUninitialized.
+    /// @throws ZELAssertError the value is none of this enumeration
+    static const char* enumToString(Enum value);
+
+    /// Sets the value of a word, as stringToEnum finds it.
+    void setValue(const char* text);
+    /// Stores the value unchecked.
+    void setValue(Enum value);
+    Enum getValue() const;
+
+    /// The word of the value, as enumToString finds it.
+    const char* toString();
+
+    ObjectType getObjectType() const override;
+    const char* generatedObjectName() const override;
+    const std::string& getGeneratedObjectName() const override;
+
+protected:
+    const korva::EnumDescriptor& descriptor() const override;
+};

@@ -1,0 +1,13 @@
+// Made by korva-schemac from sample/sample.xsd; do not edit.
+#include <korva/KORVAGuid.h>
+
+KORVAGuid::KORVAGuid() = default;
+KORVAGuid::KORVAGuid(const KORVAGuid& other, KORVAObjectRegistryI& registry)
+    : KORVA_RestrictedString(other, registry) {}
+KORVAGuid::~KORVAGuid() = default;
+KORVAGuid::ObjectType KORVAGuid::getObjectType() const { return eKORVAGuid; }
+const char* KORVAGuid::generatedObjectName() const { return "KORVAGuid"; }
+const std::string& KORVAGuid::getGeneratedObjectName() const {
+    static const std::string& name = *new std::string("KORVAGuid"); // never destroyed
+    return name;
+}
