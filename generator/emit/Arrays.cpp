@@ -29,7 +29,7 @@ void emitHeader(const Type& type, Files& files) {
 $made$
 #pragma once
 
-#include <korva/KORVA_TypedArray.h>
+$baseInclude$
 
 $check$
 
@@ -49,6 +49,7 @@ public:
 )",
                   {{"made", madeFrom(type.at.file)},
                    {"check", versionCheck},
+                   {"baseInclude", includes({"KORVA_TypedArray"})},
                    {"forwards", forwards(named)},
                    {"comment", docComment(what, 0)},
                    {"class", type.className},

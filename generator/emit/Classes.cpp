@@ -38,7 +38,7 @@ void emitHeader(const Type& type, Files& files) {
 $made$
 #pragma once
 
-#include <korva/$base$.h>
+$baseInclude$
 
 $check$
 
@@ -54,6 +54,7 @@ public:
     ~$class$() override;
 )",
                   {{"made", madeFrom(type.at.file)},
+                   {"baseInclude", includes({baseOf(type)})},
                    {"base", baseOf(type)},
                    {"check", versionCheck},
                    {"forwards", forwards(named)},
@@ -171,12 +172,10 @@ void emitUnit(const Schema& schema, const std::vector<const Type*>& family, cons
         printClass(classes, *type);
     }
     Printer printer;
-    printer.print(R"(
+    printer.print(
+        R"(
 $made$
-#include "core/ObjectCreation.h"
-
-#include "schema/KORVADescriptors_gen_.h"
-#include "schema/KORVARecords_gen_.h"
+$internal$
 
 $includes$
 
@@ -187,9 +186,11 @@ $check$
 #pragma GCC diagnostic ignored "-Winvalid-offsetof"
 #endif
 )",
-                  {{"made", madeFrom(schema.files.front())},
-                   {"includes", includes(included)},
-                   {"check", versionCheck}});
+        {{"made", madeFrom(schema.files.front())},
+         {"internal", internalIncludes({"core/ObjectCreation.h", "schema/KORVADescriptors_gen_.h",
+                                        "schema/KORVARecords_gen_.h"})},
+         {"includes", includes(included)},
+         {"check", versionCheck}});
     files.add("schema/" + name + std::to_string(unit) + "_gen_.cpp",
               printer.take() + classes.take());
 }

@@ -47,7 +47,7 @@ void emitHeader(const Type& type, Files& files) {
 $made$
 #pragma once
 
-#include <korva/KORVA_EnumObject.h>
+$baseInclude$
 
 $check$
 
@@ -61,6 +61,7 @@ public:
         eKOVRAUninitialized = 0, ///< nothing is set
 )",
                   {{"made", madeFrom(type.at.file)},
+                   {"baseInclude", includes({"KORVA_EnumObject"})},
                    {"check", versionCheck},
                    {"comment", enumComment(type)},
                    {"class", type.className}});
@@ -165,15 +166,16 @@ void emitEnums(const Schema& schema, Files& files) {
         printEnum(enums, *type);
     }
     Printer printer;
-    printer.print(R"(
+    printer.print(
+        R"(
 $made$
-#include "core/EnumWords.h"
-
-#include "schema/KORVADescriptors_gen_.h"
+$internal$
 
 $includes$
 )",
-                  {{"made", madeFrom(schema.files.front())}, {"includes", includes(included)}});
+        {{"made", madeFrom(schema.files.front())},
+         {"internal", internalIncludes({"core/EnumWords.h", "schema/KORVADescriptors_gen_.h"})},
+         {"includes", includes(included)}});
     files.add("schema/KORVASchemaTypesEnum_gen_.cpp", printer.take() + enums.take());
 }
 

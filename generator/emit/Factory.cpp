@@ -71,9 +71,7 @@ void emitFactory(const Schema& schema, Files& files) {
     Printer printer;
     printer.print(R"(
 $made$
-#include "core/ObjectCreation.h"
-
-#include "schema/KORVADescriptors_gen_.h"
+$internal$
 
 $includes$
 
@@ -90,6 +88,8 @@ using NameToType = KORVASchemaTypesFactory::KORVATypeNameToType;
 constexpr TypeDescriptor types[] = {
 )",
                   {{"made", madeFrom(schema.files.front())},
+                   {"internal",
+                    internalIncludes({"core/ObjectCreation.h", "schema/KORVADescriptors_gen_.h"})},
                    {"includes", includes(included)},
                    {"check", versionCheck},
                    {"bits", decimal(kIndexBits)}});

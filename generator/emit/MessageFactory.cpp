@@ -8,7 +8,7 @@ using namespace model;
 
 void emitMessageFactory(const Schema& schema, Files& files) {
     const std::string made = madeFrom(schema.messagesFile());
-    std::vector<std::string> included;
+    std::vector<std::string> included = {"KORVAMessageFactory"};
     Printer declarations;
     Printer parameters;
     Printer rows;
@@ -45,14 +45,14 @@ constinit const KORVAMessageFactory::KORVAParamDescriptor
     Printer printer;
     printer.print(R"(
 $made$
-#include <korva/KORVAMessageFactory.h>
-
-#include "messages/MessageCreation.h"
-#include "messages/MessageDescriptor.h"
+$internal$
 
 $includes$
 )",
-                  {{"made", made}, {"includes", includes(included)}});
+                  {{"made", made},
+                   {"internal", internalIncludes({"messages/MessageCreation.h",
+                                                  "messages/MessageDescriptor.h"})},
+                   {"includes", includes(included)}});
     Printer table;
     table.print(R"(
 

@@ -22,7 +22,7 @@ void emitHeader(const Message& message, Files& files) {
 $made$
 #pragma once
 
-#include <korva/KORVA_MessageObject.h>
+$baseInclude$
 
 $check$
 
@@ -36,6 +36,7 @@ public:
     ~$class$() override;
 )",
                   {{"made", madeFrom(message.at.file)},
+                   {"baseInclude", includes({"KORVA_MessageObject"})},
                    {"check", versionCheck},
                    {"forwards", forwards(named)},
                    {"comment", messageComment(message)},
@@ -102,11 +103,10 @@ void emitUnit(const Schema& schema, unsigned unit, Files& files) {
         printMessage(messages, *message);
     }
     Printer printer;
-    printer.print(R"(
+    printer.print(
+        R"(
 $made$
-#include "messages/MessageDescriptor.h"
-
-#include "core/ObjectCreation.h"
+$internal$
 
 $includes$
 
@@ -115,7 +115,9 @@ $includes$
 #pragma GCC diagnostic ignored "-Winvalid-offsetof"
 #endif
 )",
-                  {{"made", madeFrom(schema.messagesFile())}, {"includes", includes(included)}});
+        {{"made", madeFrom(schema.messagesFile())},
+         {"internal", internalIncludes({"core/ObjectCreation.h", "messages/MessageDescriptor.h"})},
+         {"includes", includes(included)}});
     files.add("messages/KORVAMessages" + std::to_string(unit) + "_gen_.cpp",
               printer.take() + messages.take());
 }

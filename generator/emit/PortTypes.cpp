@@ -17,7 +17,7 @@ void emitHeader(const PortType& portType, Files& files) {
 $made$
 #pragma once
 
-#include <korva/KORVA_PortType.h>
+$baseInclude$
 
 $check$
 
@@ -33,6 +33,7 @@ private:
 };
 )",
                   {{"made", madeFrom(portType.at.file)},
+                   {"baseInclude", includes({"KORVA_PortType"})},
                    {"check", versionCheck},
                    {"comment", docComment(what, 0)},
                    {"class", portType.className}});
@@ -121,12 +122,14 @@ void emitPortTypes(const Schema& schema, Files& files) {
         printer.print(
             R"(
 $made$
-#include "messages/MessageDescriptor.h"
-#include "messages/PortTypeSingleton.h"
+$internal$
 
 $includes$
 )",
-            {{"made", madeFrom(schema.portTypesFile())}, {"includes", includes(included)}});
+            {{"made", madeFrom(schema.portTypesFile())},
+             {"internal",
+              internalIncludes({"messages/MessageDescriptor.h", "messages/PortTypeSingleton.h"})},
+             {"includes", includes(included)}});
         files.add("messages/KORVAPortTypes" + std::to_string(unit) + "_gen_.cpp",
                   printer.take() + portTypes.take());
     }

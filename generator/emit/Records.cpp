@@ -21,7 +21,7 @@ void printRecord(Printer& printer, const Type& type) {
 
 void emitRecords(const Schema& schema, Files& files) {
     std::vector<std::string> named;
-    std::vector<std::string> embedded;
+    std::vector<std::string> embedded = {"KORVAExport"};
     Printer records;
     for (const auto* family : {&schema.classes, &schema.properties}) {
         for (const Type* type : *family) {
@@ -43,9 +43,8 @@ $made$
 // The records in which the objects of the schema keep their fields, bases before derived classes.
 #pragma once
 
-#include "core/Descriptor.h"
+$internal$
 
-#include <korva/KORVAExport.h>
 $includes$
 
 $check$
@@ -54,6 +53,7 @@ $forwards$
 
 )",
                   {{"made", madeFrom(schema.files.front())},
+                   {"internal", internalIncludes({"core/Descriptor.h"})},
                    {"includes", includes(embedded)},
                    {"check", versionCheck},
                    {"forwards", forwards(named)}});
@@ -65,16 +65,19 @@ $made$
 // The tables of fields of all classes and properties, and those of words of all enumerations.
 #pragma once
 
-#include "core/Descriptor.h"
+$internal$
 
-#include <korva/KORVAExport.h>
+$includes$
 
 $check$
 
 namespace korva::descriptors {
 
 )",
-                      {{"made", madeFrom(schema.files.front())}, {"check", versionCheck}});
+                      {{"made", madeFrom(schema.files.front())},
+                       {"internal", internalIncludes({"core/Descriptor.h"})},
+                       {"includes", includes({"KORVAExport"})},
+                       {"check", versionCheck}});
     for (const Type* type : schema.byName) {
         if (type->kind == TypeKind::Class || type->kind == TypeKind::Property) {
             descriptors.print("extern const ClassDescriptor $class$;\n",

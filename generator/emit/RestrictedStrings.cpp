@@ -17,7 +17,7 @@ void emitHeader(const Type& type, Files& files) {
 $made$
 #pragma once
 
-#include <korva/KORVA_RestrictedString.h>
+$baseInclude$
 
 $check$
 
@@ -31,6 +31,7 @@ public:
 
 )",
                   {{"made", madeFrom(type.at.file)},
+                   {"baseInclude", includes({"KORVA_RestrictedString"})},
                    {"check", versionCheck},
                    {"comment", docComment(what, 0)},
                    {"class", type.className}});

@@ -120,6 +120,14 @@ std::string filled(const std::vector<std::string>& items, std::size_t indent) {
     return out;
 }
 
+std::string internalIncludes(const std::vector<std::string_view>& paths) {
+    std::string out;
+    for (const std::string_view path : paths) {
+        out.append("#include \"").append(path).append("\"\n");
+    }
+    return out;
+}
+
 std::string includes(std::vector<std::string> classNames) {
     return lines(std::move(classNames), "#include <korva/", ".h>\n");
 }

@@ -38,6 +38,9 @@ std::string objectType(const model::TypeReference& reference);
 /// `items` separated by blanks, as lines that fit into 100 columns at this indentation.
 std::string filled(const std::vector<std::string>& items, std::size_t indent);
 
+/// `#include "path"` lines, in the order given.
+std::string internalIncludes(const std::vector<std::string_view>& paths);
+
 /// `#include <korva/X.h>` lines or `class X;` lines, sorted by their bytes, each once.
 std::string includes(std::vector<std::string> classNames);
 std::string forwards(std::vector<std::string> classNames);

@@ -57,7 +57,7 @@ void emitWords(const Schema& schema, Files& files) {
     Printer printer;
     printer.print(R"(
 $made$
-#include "tarn/SymbolTable.h"
+$internal$
 
 #if defined(__GNUC__)
 #pragma GCC diagnostic ignored "-Woverlength-strings"
@@ -91,6 +91,7 @@ constinit const std::uint16_t symbolIndex[] = {
 } // namespace tarn
 )",
                   {{"made", madeFrom(schema.files.front())},
+                   {"internal", internalIncludes({"tarn/SymbolTable.h"})},
                    {"bits", decimal(kIndexBits)},
                    {"texts", texts.text()},
                    {"crcs", filled(crcs, 4)},

@@ -1,6 +1,6 @@
 #include "generator/passes/Passes.h"
 
-#include <zlib.h>
+#include <zel/ZELUtCrc32.h>
 
 namespace korva::schemac {
 
@@ -17,9 +17,7 @@ void runPasses(model::Schema& schema, Diagnostics& diagnostics) {
 namespace passes {
 
 std::int32_t identityOf(std::string_view name) {
-    const auto* bytes = reinterpret_cast<const Bytef*>(name.data());
-    return static_cast<std::int32_t>(
-        static_cast<std::uint32_t>(crc32(0, bytes, static_cast<uInt>(name.size()))));
+    return static_cast<std::int32_t>(ZELUtCrc32::crc32(std::string(name).c_str(), 0));
 }
 
 std::string raised(std::string_view text) {

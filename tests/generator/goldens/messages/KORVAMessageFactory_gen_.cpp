@@ -1,6 +1,4 @@
 // Made by korva-schemac from sample/messages.wsdl; do not edit.
-#include <korva/KORVAMessageFactory.h>
-
 #include "messages/MessageCreation.h"
 #include "messages/MessageDescriptor.h"
 
@@ -8,6 +6,7 @@
 #include <korva/KORVAAdd_Request.h>
 #include <korva/KORVACMS_query_2_Reply.h>
 #include <korva/KORVACMS_query_2_Request.h>
+#include <korva/KORVAMessageFactory.h>
 #include <korva/KORVAQuery_1_Reply.h>
 #include <korva/KORVAQuery_1_Request.h>
 

@@ -1,7 +1,6 @@
 // Made by korva-schemac from sample/messages.wsdl; do not edit.
-#include "messages/MessageDescriptor.h"
-
 #include "core/ObjectCreation.h"
+#include "messages/MessageDescriptor.h"
 
 #include <korva/KORVAAccountArray.h>
 #include <korva/KORVAAdd_Reply.h>

@@ -4,8 +4,8 @@
 
 #include "core/Descriptor.h"
 
-#include <korva/KORVAExport.h>
 #include <korva/KORVAAccountArray.h>
+#include <korva/KORVAExport.h>
 #include <korva/KORVAStringArray.h>
 
 #if KORVA_CORE_VERSION != 1

@@ -1,6 +1,5 @@
 // Made by korva-schemac from sample/sample.xsd; do not edit.
 #include "core/ObjectCreation.h"
-
 #include "schema/KORVADescriptors_gen_.h"
 #include "schema/KORVARecords_gen_.h"
 
