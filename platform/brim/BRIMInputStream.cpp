@@ -1,0 +1,3 @@
+#include <brim/BRIMInputStream.h>
+
+BRIMInputStream::~BRIMInputStream() = default;

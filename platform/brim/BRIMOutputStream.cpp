@@ -1,0 +1,7 @@
+#include <brim/BRIMOutputStream.h>
+
+BRIMOutputStream::~BRIMOutputStream() = default;
+
+void BRIMOutputStream::close() {}
+
+void BRIMOutputStream::flush() {}

@@ -1,0 +1,13 @@
+/// Raises the failure of a call to the operating system.
+#pragma once
+
+#include <zel/ZELFileLocation.h>
+
+namespace brim {
+
+/// Raises a `BRIMStreamError` with the text "subject: what the system says". `subject` is a path or
+/// says what was tried; `error` is the value of `errno`.
+[[noreturn]] void raiseSystemError(ZELFileLocation location, const char* function,
+                                   const char* subject, int error);
+
+}  // namespace brim
