@@ -1,9 +1,9 @@
 // The storage of an array, seen without its type.
 #pragma once
 
-#include <cstddef>
-
 #include <korva/KORVA_ArrayObject.h>
+
+#include <cstddef>
 
 namespace korva {
 
@@ -21,4 +21,4 @@ public:
     }
 };
 
-} // namespace korva
+}  // namespace korva

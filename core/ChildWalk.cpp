@@ -4,13 +4,12 @@
 
 #include <korva/KORVAChildIndex.h>
 #include <korva/KORVASchemaTypesFactory.h>
-
 #include <tarn/tarnsymbols1.h>
 
 namespace korva {
 
 ChildWalk::ChildWalk(const KORVASchemaTypeI& object, bool skipUnset)
-    : m_object(const_cast<KORVASchemaTypeI*>(&object)), // reading without forWrite changes nothing
+    : m_object(const_cast<KORVASchemaTypeI*>(&object)),  // reading without forWrite changes nothing
       m_class(nullptr),
       m_isArray(false),
       m_isContent(false),
@@ -40,12 +39,14 @@ ChildWalk::ChildWalk(const KORVASchemaTypeI& object, bool skipUnset)
         if (m_isArray)
             m_names.clear();
         else
-            m_isContent = m_childCount != 0 && m_names.front() != nullptr &&
-                          *m_names.front() == '\0';
+            m_isContent =
+                m_childCount != 0 && m_names.front() != nullptr && *m_names.front() == '\0';
     }
 }
 
-bool ChildWalk::isContent() const { return m_isContent; }
+bool ChildWalk::isContent() const {
+    return m_isContent;
+}
 
 void ChildWalk::enterLevel() {
     // From the root downwards: the next level is the one whose base was visited last.
@@ -75,7 +76,7 @@ bool ChildWalk::next(Child& child) {
     if (m_class != nullptr) return nextField(child);
     while (m_position != m_childCount) {
         const std::size_t position = m_position++;
-        const char* const name = m_isArray       ? KORVAChildIndex::toName(position + 1)
+        const char* const name = m_isArray         ? KORVAChildIndex::toName(position + 1)
                                  : m_names.empty() ? ""
                                                    : m_names[position];
         void* const value = m_object->getChildObject(name, false);
@@ -88,4 +89,4 @@ bool ChildWalk::next(Child& child) {
     return false;
 }
 
-} // namespace korva
+}  // namespace korva

@@ -1,18 +1,18 @@
 // How serializers walk the children of any object.
 #pragma once
 
+#include "core/Descriptor.h"
+
 #include <cstddef>
 #include <vector>
-
-#include "core/Descriptor.h"
 
 namespace korva {
 
 /// One child, as the reflective contract tells it.
 struct Child {
-    const char* name; ///< as getChildObjectNames gives it: a number in an array
-    ObjectType type;  ///< the declared type
-    void* value;      ///< as getChildObject(name, false) gives it
+    const char* name;  ///< as getChildObjectNames gives it: a number in an array
+    ObjectType type;   ///< the declared type
+    void* value;       ///< as getChildObject(name, false) gives it
 };
 
 /// Visits the declared children of an object in their order. The result is that of
@@ -36,14 +36,14 @@ private:
     void enterLevel();
 
     KORVASchemaTypeI* m_object;
-    const ClassDescriptor* m_class; ///< null when the object is asked by name
+    const ClassDescriptor* m_class;  ///< null when the object is asked by name
     bool m_isArray;
     bool m_isContent;
     bool m_skipUnset;
     std::size_t m_childCount;
-    std::size_t m_position;         ///< of the next child, or of the next field in m_level
-    const ClassDescriptor* m_level; ///< the level that is being visited
+    std::size_t m_position;          ///< of the next child, or of the next field in m_level
+    const ClassDescriptor* m_level;  ///< the level that is being visited
     std::vector<const char*> m_names;
 };
 
-} // namespace korva
+}  // namespace korva

@@ -35,4 +35,4 @@ const TypeDescriptor* findType(ObjectType type) {
     return nullptr;
 }
 
-} // namespace korva
+}  // namespace korva

@@ -1,13 +1,13 @@
 // The tables that korva-schemac writes, and that the reflective implementation reads.
 #pragma once
 
-#include <cstddef>
-#include <cstdint>
-#include <typeinfo>
-
 #include <korva/KORVAExport.h>
 #include <korva/KORVASchemaTypeI.h>
 #include <korva/KORVASchemaTypesFactory.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <typeinfo>
 
 class KORVAObjectRegistryI;
 class KORVA_ClassObject;
@@ -26,33 +26,33 @@ struct Record {
 
 /// How a field is kept in its record.
 enum class FieldKind : std::uint8_t {
-    Object,       ///< pointer to a KORVASchemaTypeI
-    Text,         ///< const char*
-    Boolean,      ///< bool, with a no-value flag
-    Int,          ///< int, with a no-value flag
-    Float,        ///< float, with a no-value flag
-    Binary,       ///< pointer to a KORVAXSBase64Binary
-    EmbeddedArray ///< an array object in the record itself
+    Object,        ///< pointer to a KORVASchemaTypeI
+    Text,          ///< const char*
+    Boolean,       ///< bool, with a no-value flag
+    Int,           ///< int, with a no-value flag
+    Float,         ///< float, with a no-value flag
+    Binary,        ///< pointer to a KORVAXSBase64Binary
+    EmbeddedArray  ///< an array object in the record itself
 };
 
 struct FieldDescriptor {
-    std::uint32_t crc;        ///< of the wire name
-    ObjectType type;          ///< declared type
-    std::uint16_t offset;     ///< of the value in the record of the class
-    std::uint16_t flagOffset; ///< of the no-value flag; 0 where there is none
+    std::uint32_t crc;         ///< of the wire name
+    ObjectType type;           ///< declared type
+    std::uint16_t offset;      ///< of the value in the record of the class
+    std::uint16_t flagOffset;  ///< of the no-value flag; 0 where there is none
     FieldKind kind;
 };
 
 /// One level of a class hierarchy. The fields of the bases stand in the base's descriptor, at the
 /// same offsets of the same record.
 struct ClassDescriptor {
-    const char* className;             ///< "KORVASchedule"
-    ObjectType identity;               ///< CRC-32 of the XML name
-    const ClassDescriptor* base;       ///< null at the root
-    const FieldDescriptor* fields;     ///< own fields in declared order
-    const std::uint16_t* fieldsByCrc;  ///< positions in `fields`, ascending by CRC
-    std::uint16_t fieldCount;          ///< own fields
-    std::uint16_t inheritedFieldCount; ///< fields of all bases
+    const char* className;              ///< "KORVASchedule"
+    ObjectType identity;                ///< CRC-32 of the XML name
+    const ClassDescriptor* base;        ///< null at the root
+    const FieldDescriptor* fields;      ///< own fields in declared order
+    const std::uint16_t* fieldsByCrc;   ///< positions in `fields`, ascending by CRC
+    std::uint16_t fieldCount;           ///< own fields
+    std::uint16_t inheritedFieldCount;  ///< fields of all bases
 
     const FieldDescriptor* begin() const { return fields; }
     const FieldDescriptor* end() const { return fields + fieldCount; }
@@ -71,11 +71,11 @@ struct EnumEntry {
 };
 
 struct EnumDescriptor {
-    const char* className;    ///< "KORVASeverityEnum"
-    const char* xmlName;      ///< "severityEnum"
-    const EnumEntry* entries; ///< in declared order
+    const char* className;     ///< "KORVASeverityEnum"
+    const char* xmlName;       ///< "severityEnum"
+    const EnumEntry* entries;  ///< in declared order
     std::uint16_t entryCount;
-    std::int16_t openCount; ///< further values whose words are not in the schema; -1 not known
+    std::int16_t openCount;  ///< further values whose words are not in the schema; -1 not known
 };
 
 /// What the factory knows of one generated type.
@@ -84,22 +84,22 @@ struct TypeDescriptor {
     using Copy = KORVASchemaTypeI* (*)(const KORVASchemaTypeI&, KORVAObjectRegistryI&);
 
     ObjectType identity;
-    ObjectType elementType;           ///< of an array's elements, otherwise e_Unknown
-    const char* xsiName;              ///< "bus:schedule"
-    const ClassDescriptor* fields;    ///< classes and properties, otherwise null
-    const std::type_info* typeInfo;   ///< of the class; null for abstract types
-    Create create;                    ///< null for abstract types
-    Copy copy;                        ///< null for abstract types
+    ObjectType elementType;          ///< of an array's elements, otherwise e_Unknown
+    const char* xsiName;             ///< "bus:schedule"
+    const ClassDescriptor* fields;   ///< classes and properties, otherwise null
+    const std::type_info* typeInfo;  ///< of the class; null for abstract types
+    Create create;                   ///< null for abstract types
+    Copy copy;                       ///< null for abstract types
 };
 
 /// The tables of the schema, as the generated code defines them.
 struct TypeTables {
-    const TypeDescriptor* types;      ///< ascending by identity as unsigned number
-    const std::uint16_t* typeIndex;   ///< first position in `types` for each value of the top bits
+    const TypeDescriptor* types;     ///< ascending by identity as unsigned number
+    const std::uint16_t* typeIndex;  ///< first position in `types` for each value of the top bits
     std::size_t typeCount;
-    const KORVASchemaTypesFactory::KORVATypeNameToType* names; ///< ascending by bytes
+    const KORVASchemaTypesFactory::KORVATypeNameToType* names;  ///< ascending by bytes
     std::size_t nameCount;
-    const KORVASchemaTypesFactory::KORVATypeNameToType* arrayNames; ///< "schedule[]", ascending
+    const KORVASchemaTypesFactory::KORVATypeNameToType* arrayNames;  ///< "schedule[]", ascending
     std::size_t arrayNameCount;
 };
 
@@ -113,4 +113,4 @@ extern const TypeTables typeTables;
 /// The row of a generated type, or null.
 const TypeDescriptor* findType(ObjectType type);
 
-} // namespace korva
+}  // namespace korva

@@ -14,4 +14,4 @@ int stringToEnum(const char* text, const EnumDescriptor& descriptor);
 /// @throws ZELAssertError the enumeration has no such value
 const char* enumToString(int value, const EnumDescriptor& descriptor);
 
-} // namespace korva
+}  // namespace korva

@@ -49,8 +49,7 @@ bool readAs(const void* obj, ObjectType type, Value& value) {
 }
 
 template <class Value>
-bool storeAs(const Record& record, const FieldDescriptor& field, const void* obj,
-             ObjectType type) {
+bool storeAs(const Record& record, const FieldDescriptor& field, const void* obj, ObjectType type) {
     Value value{};
     if (!readValue(obj, type, value)) return false;
     store(record, field.offset, value);
@@ -58,11 +57,17 @@ bool storeAs(const Record& record, const FieldDescriptor& field, const void* obj
     return true;
 }
 
-} // namespace
+}  // namespace
 
-bool readValue(const void* obj, ObjectType type, bool& value) { return readAs(obj, type, value); }
-bool readValue(const void* obj, ObjectType type, int& value) { return readAs(obj, type, value); }
-bool readValue(const void* obj, ObjectType type, float& value) { return readAs(obj, type, value); }
+bool readValue(const void* obj, ObjectType type, bool& value) {
+    return readAs(obj, type, value);
+}
+bool readValue(const void* obj, ObjectType type, int& value) {
+    return readAs(obj, type, value);
+}
+bool readValue(const void* obj, ObjectType type, float& value) {
+    return readAs(obj, type, value);
+}
 
 bool storeValue(const Record& record, const FieldDescriptor& field, const void* obj,
                 ObjectType type) {
@@ -73,4 +78,4 @@ bool storeValue(const Record& record, const FieldDescriptor& field, const void* 
     }
 }
 
-} // namespace korva
+}  // namespace korva

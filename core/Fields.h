@@ -1,18 +1,18 @@
 // Reading and writing the fields of a record by their descriptors.
 #pragma once
 
+#include "core/Descriptor.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
-
-#include "core/Descriptor.h"
 
 namespace korva {
 
 /// A field, and the level of the hierarchy that declares it.
 struct FieldOfLevel {
     const ClassDescriptor* level;
-    const FieldDescriptor* field; ///< null when no level knows the name
+    const FieldDescriptor* field;  ///< null when no level knows the name
 };
 
 /// Looks the name up from the most derived class to the root.
@@ -76,4 +76,4 @@ bool readValue(const void* obj, ObjectType type, float& value);
 bool storeValue(const Record& record, const FieldDescriptor& field, const void* obj,
                 ObjectType type);
 
-} // namespace korva
+}  // namespace korva

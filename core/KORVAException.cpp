@@ -1,7 +1,5 @@
-#include <korva/KORVAException.h>
-
 #include <i18n/KORVAMessageCatalogue.h>
-
+#include <korva/KORVAException.h>
 #include <zel/ZELFrame.h>
 #include <zel/ZELMessage.h>
 
@@ -25,11 +23,15 @@ KORVAException& KORVAException::operator=(const KORVAException& other) noexcept 
 KORVAException::~KORVAException() = default;
 
 KORVAException* KORVAException::clone() const {
-    ZEL_TRY { return new KORVAException(*this); }
+    ZEL_TRY {
+        return new KORVAException(*this);
+    }
     ZEL_CATCH("KORVAException::clone()")
 }
 
-const char* KORVAException::getThrowableName() const noexcept { return "KORVAException"; }
+const char* KORVAException::getThrowableName() const noexcept {
+    return "KORVAException";
+}
 
 void KORVAException::hurl(ZELFileLocation location, const char* function, const char* macro) {
     addBackTrace(location, function, macro);

@@ -1,21 +1,18 @@
-#include <korva/KORVAObjectRegistry.h>
-
-#include <cstdlib>
-#include <new>
-#include <stdexcept>
-
 #include <brim/BRIMOutputStream.h>
-
+#include <korva/KORVAObjectRegistry.h>
 #include <korva/KORVASchemaTypeI.h>
 #include <korva/KORVAXSBase64Binary.h>
 #include <korva/KORVA_AttachmentContainerI.h>
 #include <korva/KORVA_CharStreamable.h>
 #include <korva/KORVA_RefCount_ConstChar.h>
 #include <korva/KORVA_String.h>
-
 #include <zel/I18NString.h>
 #include <zel/ZELAssert.h>
 #include <zel/ZELFrame.h>
+
+#include <cstdlib>
+#include <new>
+#include <stdexcept>
 
 namespace {
 constexpr std::size_t initialCapacity = 100;
@@ -23,17 +20,19 @@ constexpr std::size_t initialCapacity = 100;
 
 KORVAObjectRegistryI::~KORVAObjectRegistryI() = default;
 
-KORVAObjectRegistry* KORVAObjectRegistry::create() {
-    ZEL_TRY { return new KORVAObjectRegistry; }
-    ZEL_CATCH("KORVAObjectRegistry::create()")
+KORVAObjectRegistry* KORVAObjectRegistry::create(){ZEL_TRY{return new KORVAObjectRegistry;
+}
+ZEL_CATCH("KORVAObjectRegistry::create()")
 }
 
-KORVAObjectRegistry::KORVAObjectRegistry() { m_entries.reserve(initialCapacity); }
+KORVAObjectRegistry::KORVAObjectRegistry() {
+    m_entries.reserve(initialCapacity);
+}
 
 KORVAObjectRegistry::~KORVAObjectRegistry() {
     try {
         clean();
-    } catch (...) { // NOLINT(bugprone-empty-catch): a destructor lets nothing out
+    } catch (...) {  // NOLINT(bugprone-empty-catch): a destructor lets nothing out
     }
 }
 
@@ -60,7 +59,8 @@ void KORVAObjectRegistry::append(void* p, KORVAObjRegEnum kind) {
 
 void KORVAObjectRegistry::grow() {
     const std::size_t capacity = m_entries.capacity();
-    if (capacity > m_entries.max_size() - capacity / 2) throw std::length_error("vector<T> too long");
+    if (capacity > m_entries.max_size() - capacity / 2)
+        throw std::length_error("vector<T> too long");
     m_entries.reserve(capacity + capacity / 2);
 }
 
@@ -88,11 +88,21 @@ void KORVAObjectRegistry::registerPointer(KORVAXSBase64Binary* p) {
 void KORVAObjectRegistry::registerPointer(ZELSmartPointer<KORVA_RefCount_ConstChar>* p) {
     append(p, eKORVARegRefCountConstChar);
 }
-void KORVAObjectRegistry::registerPointer(KORVA_String* p) { append(p, eKORVARegString); }
-void KORVAObjectRegistry::registerPointer(std::string* p) { append(p, eKORVARegStdString); }
-void KORVAObjectRegistry::registerPointer(BRIMOutputStream* p) { append(p, eKORVARegOutputStream); }
-void KORVAObjectRegistry::registerPointer(I18NString* p) { append(p, eKORVARegI18NString); }
-void KORVAObjectRegistry::registerPointer(KORVASchemaTypeI* p) { append(p, eKORVARegSchemaType); }
+void KORVAObjectRegistry::registerPointer(KORVA_String* p) {
+    append(p, eKORVARegString);
+}
+void KORVAObjectRegistry::registerPointer(std::string* p) {
+    append(p, eKORVARegStdString);
+}
+void KORVAObjectRegistry::registerPointer(BRIMOutputStream* p) {
+    append(p, eKORVARegOutputStream);
+}
+void KORVAObjectRegistry::registerPointer(I18NString* p) {
+    append(p, eKORVARegI18NString);
+}
+void KORVAObjectRegistry::registerPointer(KORVASchemaTypeI* p) {
+    append(p, eKORVARegSchemaType);
+}
 
 void KORVAObjectRegistry::free(const RegistrationEntry& entry) {
     void* const p = entry.pointer;

@@ -1,11 +1,16 @@
-#include <korva/KORVAObjectRegistryFactory.h>
-
 #include <korva/KORVAObjectRegistry.h>
+#include <korva/KORVAObjectRegistryFactory.h>
 
 constinit KORVAObjectRegistryFactory KORVAObjectRegistryFactory::g_instance;
 
-KORVAObjectRegistryFactory& KORVAObjectRegistryFactory::getInstance() { return g_instance; }
+KORVAObjectRegistryFactory& KORVAObjectRegistryFactory::getInstance() {
+    return g_instance;
+}
 
-KORVAObjectRegistryI* KORVAObjectRegistryFactory::create() { return KORVAObjectRegistry::create(); }
+KORVAObjectRegistryI* KORVAObjectRegistryFactory::create() {
+    return KORVAObjectRegistry::create();
+}
 
-void KORVAObjectRegistryFactory::destroy(KORVAObjectRegistryI* registry) { delete registry; }
+void KORVAObjectRegistryFactory::destroy(KORVAObjectRegistryI* registry) {
+    delete registry;
+}

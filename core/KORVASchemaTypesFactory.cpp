@@ -1,11 +1,3 @@
-#include <korva/KORVASchemaTypesFactory.h>
-
-#include <algorithm>
-#include <charconv>
-#include <cstring>
-#include <memory>
-#include <string_view>
-
 #include "core/Descriptor.h"
 #include "core/Names.h"
 #include "core/NumberedError.h"
@@ -13,9 +5,16 @@
 
 #include <korva/KORVAObjectRegistryI.h>
 #include <korva/KORVASchemaTypeArrayI.h>
-
+#include <korva/KORVASchemaTypesFactory.h>
 #include <zel/ZELAssert.h>
 #include <zel/ZELFrame.h>
+
+#include <algorithm>
+#include <charconv>
+#include <cstddef>
+#include <memory>
+#include <new>
+#include <string_view>
 
 using korva::findType;
 using korva::TypeDescriptor;
@@ -43,11 +42,17 @@ KORVASchemaTypeI::ObjectType search(const KORVASchemaTypesFactory::KORVATypeName
     KORVA_RAISE(0xEA47EC7BU, function, text != nullptr ? text : "_unknown");
 }
 
-} // namespace
+}  // namespace
 
-constinit KORVASchemaTypesFactory KORVASchemaTypesFactory::g_instance;
+KORVASchemaTypesFactory::~KORVASchemaTypesFactory() = default;
 
-KORVASchemaTypesFactory& KORVASchemaTypesFactory::getInstance() { return g_instance; }
+KORVASchemaTypesFactory& KORVASchemaTypesFactory::getInstance() {
+    // Made on first use and never destroyed: nothing runs when the library is loaded or left.
+    alignas(KORVASchemaTypesFactory) static std::byte storage[sizeof(KORVASchemaTypesFactory)];
+    static KORVASchemaTypesFactory& instance =
+        *::new (static_cast<void*>(storage)) KORVASchemaTypesFactory;
+    return instance;
+}
 
 bool KORVASchemaTypesFactory::isArrayType(ObjectType type) {
     return objectTypeToArrayType(type) != nullptr;
@@ -55,8 +60,8 @@ bool KORVASchemaTypesFactory::isArrayType(ObjectType type) {
 
 void KORVASchemaTypesFactory::typeError(const char* className, const char* childName,
                                         ObjectType expectedType, ObjectType actualType) {
-    const char* const expected = g_instance.objectTypeToXSIType(expectedType);
-    const char* const actual = g_instance.objectTypeToXSIType(actualType);
+    const char* const expected = getInstance().objectTypeToXSIType(expectedType);
+    const char* const actual = getInstance().objectTypeToXSIType(actualType);
     KORVA_RAISE(0xEA47C21FU, "KORVASchemaTypesFactory::typeError()", className, childName, expected,
                 actual);
 }
@@ -93,8 +98,8 @@ KORVASchemaTypeI::ObjectType KORVASchemaTypesFactory::xsiTypeToObjectType(
 const char* KORVASchemaTypesFactory::objectTypeToXSIType(ObjectType type) const {
     const char* const text = schemaTypeToXsiType(type);
     if (text == nullptr)
-        ZEL_ASSERT_NAMED(
-            false, "KORVASchemaTypesFactory::objectTypeToXSIType(): unknown object type.");
+        ZEL_ASSERT_NAMED(false,
+                         "KORVASchemaTypesFactory::objectTypeToXSIType(): unknown object type.");
     return text;
 }
 
@@ -128,7 +133,9 @@ KORVASchemaTypeI* KORVASchemaTypesFactory::create(ObjectType type) const {
     const TypeDescriptor* const row = findType(type);
     if (row == nullptr || row->create == nullptr)
         unknownType(type, "KORVASchemaTypesFactory::create()");
-    ZEL_TRY { return row->create(); }
+    ZEL_TRY {
+        return row->create();
+    }
     ZEL_CATCH("KORVASchemaTypesFactory::create()")
 }
 

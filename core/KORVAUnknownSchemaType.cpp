@@ -4,14 +4,26 @@ KORVAUnknownSchemaType::KORVAUnknownSchemaType() = default;
 KORVAUnknownSchemaType::KORVAUnknownSchemaType(const std::string& name) : m_name(name) {}
 KORVAUnknownSchemaType::~KORVAUnknownSchemaType() = default;
 
-const char* KORVAUnknownSchemaType::getName() const { return m_name.c_str(); }
-void KORVAUnknownSchemaType::setName(const std::string& name) { m_name = name; }
+const char* KORVAUnknownSchemaType::getName() const {
+    return m_name.c_str();
+}
+void KORVAUnknownSchemaType::setName(const std::string& name) {
+    m_name = name;
+}
 
-KORVASchemaTypeI::ObjectType KORVAUnknownSchemaType::getObjectType() const { return e_Unknown; }
-const std::string& KORVAUnknownSchemaType::getGeneratedObjectName() const { return m_name; }
-const char* KORVAUnknownSchemaType::generatedObjectName() const { return m_name.c_str(); }
+KORVASchemaTypeI::ObjectType KORVAUnknownSchemaType::getObjectType() const {
+    return e_Unknown;
+}
+const std::string& KORVAUnknownSchemaType::getGeneratedObjectName() const {
+    return m_name;
+}
+const char* KORVAUnknownSchemaType::generatedObjectName() const {
+    return m_name.c_str();
+}
 
-void* KORVAUnknownSchemaType::getChildObject(const char*, bool) { return nullptr; }
+void* KORVAUnknownSchemaType::getChildObject(const char*, bool) {
+    return nullptr;
+}
 
 KORVASchemaTypeI::ObjectType KORVAUnknownSchemaType::getChildType(const char*) const {
     return e_Unknown;
@@ -23,8 +35,12 @@ std::size_t KORVAUnknownSchemaType::setChildObject(const char*, void*, const Obj
 }
 
 void KORVAUnknownSchemaType::getChildObjectNames(std::vector<const char*>&, bool) const {}
-bool KORVAUnknownSchemaType::isa(ObjectType type) const { return type == e_Unknown; }
-std::size_t KORVAUnknownSchemaType::getChildObjectCount() const { return 0; }
+bool KORVAUnknownSchemaType::isa(ObjectType type) const {
+    return type == e_Unknown;
+}
+std::size_t KORVAUnknownSchemaType::getChildObjectCount() const {
+    return 0;
+}
 
 bool KORVAUnknownSchemaType::operator==(const KORVASchemaTypeI& other) const {
     return this == &other;

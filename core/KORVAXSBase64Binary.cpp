@@ -1,16 +1,13 @@
+#include <brim/BRIMBase64OutputStream.h>
+#include <brim/BRIMOutputStream.h>
 #include <korva/KORVAXSBase64Binary.h>
+#include <korva/KORVA_Streamable.h>
+#include <zel/ZELAssert.h>
+#include <zel/ZELFrame.h>
 
 #include <cstring>
 #include <limits>
 #include <new>
-
-#include <brim/BRIMBase64OutputStream.h>
-#include <brim/BRIMOutputStream.h>
-
-#include <korva/KORVA_Streamable.h>
-
-#include <zel/ZELAssert.h>
-#include <zel/ZELFrame.h>
 
 KORVAXSBase64Binary::KORVAXSBase64Binary()
     : m_streamable(nullptr), m_buffer(nullptr), m_length(0), m_capacity(0), m_isContentId(false) {}
@@ -31,7 +28,7 @@ KORVAXSBase64Binary::KORVAXSBase64Binary(const char* data, std::size_t length)
 KORVAXSBase64Binary::~KORVAXSBase64Binary() {
     try {
         reference(nullptr, 0);
-    } catch (...) { // NOLINT(bugprone-empty-catch): a destructor lets nothing out
+    } catch (...) {  // NOLINT(bugprone-empty-catch): a destructor lets nothing out
     }
 }
 

@@ -1,11 +1,10 @@
-#include <korva/KORVAZELMessage.h>
-
 #include <i18n/KORVAI18NRes.h>
+#include <korva/KORVAZELMessage.h>
 
 namespace {
 // The text that names this library's message catalogue.
 constexpr int componentText = 18;
-} // namespace
+}  // namespace
 
 KORVAZELMessage::KORVAZELMessage(std::uint32_t id)
     : ZELMessage(KORVAI18NRes::getString(componentText), id) {}

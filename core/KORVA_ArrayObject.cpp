@@ -1,5 +1,3 @@
-#include <korva/KORVA_ArrayObject.h>
-
 #include "core/Fields.h"
 #include "core/Names.h"
 #include "core/ObjectComparison.h"
@@ -7,15 +5,17 @@
 
 #include <korva/KORVAChildIndex.h>
 #include <korva/KORVASchemaTypesFactory.h>
+#include <korva/KORVA_ArrayObject.h>
 #include <korva/KORVA_TypedArray.h>
-
 #include <zel/ZELAssert.h>
 #include <zel/ZELByteBuffer.h>
 #include <zel/ZELFrame.h>
 
 using Factory = KORVASchemaTypesFactory;
 
-void korva::throwInvalidSubscript() { throw std::out_of_range("invalid vector<T> subscript"); }
+void korva::throwInvalidSubscript() {
+    throw std::out_of_range("invalid vector<T> subscript");
+}
 
 KORVA_ArrayObject::~KORVA_ArrayObject() = default;
 
@@ -82,14 +82,20 @@ void KORVA_ArrayObject::getChildObjectNames(std::vector<const char*>& names, boo
     ZEL_CATCH(nullptr)
 }
 
-bool KORVA_ArrayObject::isa(ObjectType type) const { return type == getObjectType(); }
+bool KORVA_ArrayObject::isa(ObjectType type) const {
+    return type == getObjectType();
+}
 
-std::size_t KORVA_ArrayObject::getChildObjectCount() const { return size(); }
+std::size_t KORVA_ArrayObject::getChildObjectCount() const {
+    return size();
+}
 
 bool KORVA_ArrayObject::operator==(const KORVASchemaTypeI& other) const {
     if (this == &other) return true;
     if (!other.isa(getObjectType())) return false;
-    ZEL_TRY { return korva::equalElements(*this, static_cast<const KORVA_ArrayObject&>(other)); }
+    ZEL_TRY {
+        return korva::equalElements(*this, static_cast<const KORVA_ArrayObject&>(other));
+    }
     ZEL_CATCH(nullptr)
 }
 
@@ -98,9 +104,10 @@ bool KORVA_ArrayObject::operator!=(const KORVASchemaTypeI& other) const {
 }
 
 void KORVA_ArrayObject::copyElements(const KORVA_ArrayObject& other,
-                                     KORVAObjectRegistryI& registry) {
-    ZEL_TRY { korva::copyArray(other, *this, registry); }
-    ZEL_CATCH(nullptr)
+                                     KORVAObjectRegistryI& registry){
+    ZEL_TRY{korva::copyArray(other, *this, registry);
+}
+ZEL_CATCH(nullptr)
 }
 
 KORVA_TextArray::~KORVA_TextArray() = default;

@@ -1,21 +1,18 @@
-#include <korva/KORVA_CharStreamable.h>
-
-#include <cstring>
-
 #include <brim/BRIMBase64OutputStream.h>
 #include <brim/BRIMOutputStream.h>
-
+#include <korva/KORVA_CharStreamable.h>
 #include <korva/KORVA_Streamable.h>
-
 #include <zel/ZELAssert.h>
 #include <zel/ZELFrame.h>
+
+#include <cstring>
 
 namespace {
 
 constexpr char textMarker[4] = {'\xFF', '\xFF', '\xFF', '\x00'};
 constexpr char contentIdMarker[4] = {'\xFF', '\xFE', '\xFF', '\x00'};
 
-} // namespace
+}  // namespace
 
 KORVA_CharStreamable::KORVA_CharStreamable()
     : m_streamable(nullptr), m_data(nullptr), m_next(nullptr), m_base64(false) {
@@ -99,6 +96,6 @@ BRIMOutputStream& KORVA_CharStreamable::operator>>(BRIMOutputStream& out) const 
 
 bool KORVA_CharStreamable::sharesPiecesWith(const KORVA_CharStreamable& other) const {
     return std::memcmp(m_marker, other.m_marker, sizeof m_marker) == 0 &&
-           m_streamable == other.m_streamable && m_data == other.m_data &&
-           m_next == other.m_next && m_base64 == other.m_base64;
+           m_streamable == other.m_streamable && m_data == other.m_data && m_next == other.m_next &&
+           m_base64 == other.m_base64;
 }

@@ -1,13 +1,10 @@
-#include <korva/KORVA_ClassObject.h>
-
 #include "core/Fields.h"
 #include "core/Names.h"
 #include "core/ObjectComparison.h"
 
 #include <korva/KORVASchemaTypesFactory.h>
-
+#include <korva/KORVA_ClassObject.h>
 #include <tarn/tarnsymbols1.h>
-
 #include <zel/ZELAssert.h>
 #include <zel/ZELByteBuffer.h>
 #include <zel/ZELFrame.h>
@@ -33,7 +30,7 @@ void appendNames(const korva::ClassDescriptor& level, std::vector<const char*>& 
         names.push_back(tarnsymbols1::getChar(field.crc));
 }
 
-} // namespace
+}  // namespace
 
 KORVA_ClassObject::~KORVA_ClassObject() {
     delete m_pPrivateData;
@@ -43,15 +40,13 @@ KORVA_ClassObject::~KORVA_ClassObject() {
 void* KORVA_ClassObject::getChildObject(const char* name, bool forWrite) {
     ZEL_ASSERT(name);
     ZEL_ASSERT(m_pPrivateData);
-    const FieldDescriptor* const field =
-        korva::findField(descriptor(), korva::nameCrc(name)).field;
+    const FieldDescriptor* const field = korva::findField(descriptor(), korva::nameCrc(name)).field;
     return field != nullptr ? korva::readField(*m_pPrivateData, *field, forWrite) : nullptr;
 }
 
 KORVASchemaTypeI::ObjectType KORVA_ClassObject::getChildType(const char* name) const {
     ZEL_ASSERT(name);
-    const FieldDescriptor* const field =
-        korva::findField(descriptor(), korva::nameCrc(name)).field;
+    const FieldDescriptor* const field = korva::findField(descriptor(), korva::nameCrc(name)).field;
     return field != nullptr ? field->type : e_Unknown;
 }
 
@@ -119,7 +114,9 @@ bool KORVA_ClassObject::operator==(const KORVASchemaTypeI& other) const {
     if (this == &other) return true;
     const korva::ClassDescriptor& own = descriptor();
     if (!other.isa(own.identity)) return false;
-    ZEL_TRY { return korva::equalFields(own, *this, other); }
+    ZEL_TRY {
+        return korva::equalFields(own, *this, other);
+    }
     ZEL_CATCH(nullptr)
 }
 

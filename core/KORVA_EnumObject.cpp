@@ -1,16 +1,14 @@
-#include <korva/KORVA_EnumObject.h>
-
-#include <string>
-
 #include "core/EnumWords.h"
 #include "core/Names.h"
 #include "core/NumberedError.h"
 
 #include <korva/KORVASchemaTypesFactory.h>
-
+#include <korva/KORVA_EnumObject.h>
 #include <zel/ZELAssert.h>
 #include <zel/ZELByteBuffer.h>
 #include <zel/ZELFrame.h>
+
+#include <string>
 
 namespace korva {
 
@@ -34,21 +32,23 @@ const char* enumToString(int value, const EnumDescriptor& descriptor) {
     return "";
 }
 
-} // namespace korva
+}  // namespace korva
 
 KORVA_EnumObject::~KORVA_EnumObject() = default;
 
 void* KORVA_EnumObject::getChildObject(const char*, bool) {
     if (m_value == 0) {
-        const std::string text = "ZEL_ASSERT_NAMED(m_value != " +
-                                 std::string(descriptor().className) +
-                                 "::eKOVRAUninitialized, \"Enum not initialized.\");";
+        const std::string text =
+            "ZEL_ASSERT_NAMED(m_value != " + std::string(descriptor().className) +
+            "::eKOVRAUninitialized, \"Enum not initialized.\");";
         zel::assertionFailed(text.c_str(), ZEL_LOCATION);
     }
     return const_cast<char*>(korva::enumToString(m_value, descriptor()));
 }
 
-KORVASchemaTypeI::ObjectType KORVA_EnumObject::getChildType(const char*) const { return eString; }
+KORVASchemaTypeI::ObjectType KORVA_EnumObject::getChildType(const char*) const {
+    return eString;
+}
 
 std::size_t KORVA_EnumObject::setChildObject(const char* name, void* obj, const ObjectType& type,
                                              std::size_t*) {
@@ -61,13 +61,19 @@ std::size_t KORVA_EnumObject::setChildObject(const char* name, void* obj, const 
 }
 
 void KORVA_EnumObject::getChildObjectNames(std::vector<const char*>& names, bool) const {
-    ZEL_TRY { names.push_back(""); }
+    ZEL_TRY {
+        names.push_back("");
+    }
     ZEL_CATCH(nullptr)
 }
 
-bool KORVA_EnumObject::isa(ObjectType type) const { return type == getObjectType(); }
+bool KORVA_EnumObject::isa(ObjectType type) const {
+    return type == getObjectType();
+}
 
-std::size_t KORVA_EnumObject::getChildObjectCount() const { return 1; }
+std::size_t KORVA_EnumObject::getChildObjectCount() const {
+    return 1;
+}
 
 bool KORVA_EnumObject::operator==(const KORVASchemaTypeI& other) const {
     return other.isa(getObjectType()) &&

@@ -2,4 +2,6 @@
 
 KORVA_RefCount_ConstChar::KORVA_RefCount_ConstChar(char* text) : m_text(text) {}
 KORVA_RefCount_ConstChar::KORVA_RefCount_ConstChar(const char* text) : m_text(text) {}
-KORVA_RefCount_ConstChar::~KORVA_RefCount_ConstChar() { delete[] m_text; }
+KORVA_RefCount_ConstChar::~KORVA_RefCount_ConstChar() {
+    delete[] m_text;
+}

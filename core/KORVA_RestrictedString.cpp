@@ -1,18 +1,17 @@
-#include <korva/KORVA_RestrictedString.h>
-
 #include "core/Names.h"
 #include "core/TextValue.h"
 
 #include <korva/KORVASchemaTypesFactory.h>
-
+#include <korva/KORVA_RestrictedString.h>
 #include <zel/ZELAssert.h>
 #include <zel/ZELByteBuffer.h>
 #include <zel/ZELFrame.h>
 
 KORVA_RestrictedString::KORVA_RestrictedString(const KORVA_RestrictedString& other,
-                                               KORVAObjectRegistryI& registry) {
-    ZEL_TRY { m_value = korva::copyText(other.m_value, korva::TextCopy::Array, registry); }
-    ZEL_CATCH(nullptr)
+                                               KORVAObjectRegistryI& registry){
+    ZEL_TRY{m_value = korva::copyText(other.m_value, korva::TextCopy::Array, registry);
+}
+ZEL_CATCH(nullptr)
 }
 
 KORVA_RestrictedString::~KORVA_RestrictedString() = default;
@@ -40,13 +39,19 @@ std::size_t KORVA_RestrictedString::setChildObject(const char* name, void* obj,
 }
 
 void KORVA_RestrictedString::getChildObjectNames(std::vector<const char*>& names, bool) const {
-    ZEL_TRY { names.push_back(""); }
+    ZEL_TRY {
+        names.push_back("");
+    }
     ZEL_CATCH(nullptr)
 }
 
-bool KORVA_RestrictedString::isa(ObjectType type) const { return type == getObjectType(); }
+bool KORVA_RestrictedString::isa(ObjectType type) const {
+    return type == getObjectType();
+}
 
-std::size_t KORVA_RestrictedString::getChildObjectCount() const { return 1; }
+std::size_t KORVA_RestrictedString::getChildObjectCount() const {
+    return 1;
+}
 
 bool KORVA_RestrictedString::operator==(const KORVASchemaTypeI& other) const {
     if (this == &other) return true;

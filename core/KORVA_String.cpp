@@ -1,7 +1,5 @@
-#include <korva/KORVA_String.h>
-
 #include <korva/KORVA_RefCount_ConstChar.h>
-
+#include <korva/KORVA_String.h>
 #include <zel/ZELAssert.h>
 
 namespace {
@@ -10,7 +8,7 @@ bool isWhiteSpace(char c) {
     return c == ' ' || (c >= '\t' && c <= '\r');
 }
 
-} // namespace
+}  // namespace
 
 KORVA_String::KORVA_String() : ZELByteBuffer(1, 128, 0) {}
 KORVA_String::~KORVA_String() = default;

@@ -1,12 +1,11 @@
 #include "core/Names.h"
 
-#include <cstring>
-
 #include "core/Descriptor.h"
 
 #include <tarn/tarnsymbols1.h>
-
 #include <zel/ZELUtCrc32.h>
+
+#include <cstring>
 
 namespace korva {
 
@@ -39,4 +38,4 @@ std::string className(ObjectType type) {
     return name;
 }
 
-} // namespace korva
+}  // namespace korva

@@ -1,10 +1,10 @@
 // From child names to the numbers that the tables are keyed by.
 #pragma once
 
+#include <korva/KORVASchemaTypeI.h>
+
 #include <cstdint>
 #include <string>
-
-#include <korva/KORVASchemaTypeI.h>
 
 namespace korva {
 
@@ -20,4 +20,4 @@ const char* xmlName(KORVASchemaTypeI::ObjectType type);
 /// The class name of a generated type, "KORVASchedule". For messages of failures.
 std::string className(KORVASchemaTypeI::ObjectType type);
 
-} // namespace korva
+}  // namespace korva

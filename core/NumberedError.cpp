@@ -2,7 +2,6 @@
 
 #include <korva/KORVAException.h>
 #include <korva/KORVAZELMessage.h>
-
 #include <zel/I18NString.h>
 #include <zel/ZELFrame.h>
 #include <zel/ZELMessageParm.h>
@@ -23,4 +22,4 @@ void raise(std::uint32_t messageId, std::initializer_list<const char*> parameter
     exception.hurl(location, function, "ZEL_THROW");
 }
 
-} // namespace korva
+}  // namespace korva

@@ -1,10 +1,10 @@
 // The short form of raising a numbered message.
 #pragma once
 
+#include <zel/ZELFileLocation.h>
+
 #include <cstdint>
 #include <initializer_list>
-
-#include <zel/ZELFileLocation.h>
 
 namespace korva {
 
@@ -13,7 +13,7 @@ namespace korva {
 [[noreturn]] void raise(std::uint32_t messageId, std::initializer_list<const char*> parameters,
                         ZELFileLocation location, const char* function);
 
-} // namespace korva
+}  // namespace korva
 
 /// Raises the message `id` from here: `KORVA_RAISE(0xEA45DC29U, "_stringToEnum()", text)`.
 #define KORVA_RAISE(id, function, ...) ::korva::raise(id, {__VA_ARGS__}, ZEL_LOCATION, function)

@@ -1,7 +1,5 @@
 #include "core/ObjectComparison.h"
 
-#include <vector>
-
 #include "core/ArrayAccess.h"
 #include "core/Fields.h"
 #include "core/TextValue.h"
@@ -10,6 +8,8 @@
 #include <korva/KORVA_ClassObject.h>
 #include <korva/KORVA_EnumObject.h>
 #include <korva/KORVA_RestrictedString.h>
+
+#include <vector>
 
 namespace korva {
 
@@ -134,7 +134,7 @@ private:
     std::vector<Pair> m_pending;
 };
 
-} // namespace
+}  // namespace
 
 bool equalFields(const ClassDescriptor& descriptor, const KORVASchemaTypeI& left,
                  const KORVASchemaTypeI& right) {
@@ -149,4 +149,4 @@ bool equalElements(const KORVA_ArrayObject& left, const KORVA_ArrayObject& right
     return comparison.equalElements(left, right) && comparison.run();
 }
 
-} // namespace korva
+}  // namespace korva

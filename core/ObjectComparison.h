@@ -14,4 +14,4 @@ bool equalFields(const ClassDescriptor& descriptor, const KORVASchemaTypeI& left
 /// Whether two arrays of one class have equal elements in the same order.
 bool equalElements(const KORVA_ArrayObject& left, const KORVA_ArrayObject& right);
 
-} // namespace korva
+}  // namespace korva

@@ -1,9 +1,5 @@
 #include "core/ObjectCopy.h"
 
-#include <memory>
-#include <string>
-#include <vector>
-
 #include "core/ArrayAccess.h"
 #include "core/Fields.h"
 #include "core/Names.h"
@@ -11,8 +7,11 @@
 
 #include <korva/KORVAObjectRegistryI.h>
 #include <korva/KORVASchemaTypesFactory.h>
-
 #include <zel/ZELAssert.h>
+
+#include <memory>
+#include <string>
+#include <vector>
 
 namespace korva {
 
@@ -23,8 +22,7 @@ class CopyJob {
 public:
     explicit CopyJob(KORVAObjectRegistryI& registry) : m_registry(registry) {}
 
-    void copyFields(const ClassDescriptor& descriptor, const Record& source,
-                    const Record& target) {
+    void copyFields(const ClassDescriptor& descriptor, const Record& source, const Record& target) {
         if (descriptor.base != nullptr) copyFields(*descriptor.base, source, target);
         for (const FieldDescriptor& field : descriptor)
             copyField(field, source, target);
@@ -89,9 +87,9 @@ private:
                     m_pending.push_back({child, field.type, at(target, field.offset), nullptr, 0});
                 break;
             case FieldKind::Text:
-                store(target, field.offset,
-                      copyText(load<const char*>(source, field.offset), TextCopy::Array,
-                               m_registry));
+                store(
+                    target, field.offset,
+                    copyText(load<const char*>(source, field.offset), TextCopy::Array, m_registry));
                 break;
             case FieldKind::Boolean:
                 store(target, field.offset, load<bool>(source, field.offset));
@@ -106,9 +104,9 @@ private:
                 store(target, field.flagOffset, load<bool>(source, field.flagOffset));
                 break;
             case FieldKind::Binary:
-                store(target, field.offset,
-                      copyBinary(load<const KORVAXSBase64Binary*>(source, field.offset),
-                                 m_registry));
+                store(
+                    target, field.offset,
+                    copyBinary(load<const KORVAXSBase64Binary*>(source, field.offset), m_registry));
                 break;
             case FieldKind::EmbeddedArray:
                 copyArray(*static_cast<const KORVA_ArrayObject*>(at(source, field.offset)),
@@ -141,7 +139,7 @@ private:
     std::vector<Pending> m_pending;
 };
 
-} // namespace
+}  // namespace
 
 void copyFields(const ClassDescriptor& descriptor, const KORVASchemaTypeI& source,
                 const KORVASchemaTypeI& target, KORVAObjectRegistryI& registry) {
@@ -163,4 +161,4 @@ void copyArray(const KORVA_ArrayObject& source, KORVA_ArrayObject& target,
     }
 }
 
-} // namespace korva
+}  // namespace korva

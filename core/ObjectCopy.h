@@ -18,4 +18,4 @@ void copyFields(const ClassDescriptor& descriptor, const KORVASchemaTypeI& sourc
 void copyArray(const KORVA_ArrayObject& source, KORVA_ArrayObject& target,
                KORVAObjectRegistryI& registry);
 
-} // namespace korva
+}  // namespace korva

@@ -1,10 +1,10 @@
 #include "core/ObjectCreation.h"
 
-#include <memory>
-
 #include "core/Names.h"
 
 #include <zel/ZELFrame.h>
+
+#include <memory>
 
 namespace korva {
 
@@ -24,4 +24,4 @@ void assertCopySource(const KORVASchemaTypeI& object, ObjectType identity) {
         ZEL_LOCATION);
 }
 
-} // namespace korva
+}  // namespace korva

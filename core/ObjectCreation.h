@@ -5,7 +5,6 @@
 #include "core/ObjectCopy.h"
 
 #include <korva/KORVAObjectRegistryI.h>
-
 #include <zel/ZELAssert.h>
 
 namespace korva {
@@ -44,4 +43,4 @@ X* refuseCreation(X* child, KORVAObjectRegistryI* registry) {
     return child;
 }
 
-} // namespace korva
+}  // namespace korva

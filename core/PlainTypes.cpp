@@ -1,9 +1,9 @@
 #include "core/PlainTypes.h"
 
+#include <zel/ZELUtCrc32.h>
+
 #include <cstdint>
 #include <cstring>
-
-#include <zel/ZELUtCrc32.h>
 
 namespace korva {
 
@@ -12,13 +12,12 @@ namespace {
 constexpr std::size_t prefixLength = sizeof "xs:" - 1;
 
 /// In the order of ObjectType.
-constexpr const char* texts[] = {"_unknown",    "xs:string",  "xs:int",
-                                 "xs:integer",  "xs:decimal", "xs:time",
-                                 "xs:dateTime", "xs:boolean", "xs:base64Binary",
-                                 "xs:float",    "xs:QName"};
+constexpr const char* texts[] = {"_unknown",        "xs:string", "xs:int",      "xs:integer",
+                                 "xs:decimal",      "xs:time",   "xs:dateTime", "xs:boolean",
+                                 "xs:base64Binary", "xs:float",  "xs:QName"};
 constexpr int textCount = sizeof texts / sizeof *texts;
 
-} // namespace
+}  // namespace
 
 const char* plainTypeText(KORVASchemaTypeI::ObjectType type) {
     return type >= KORVASchemaTypeI::e_Unknown && type < textCount ? texts[type] : nullptr;
@@ -32,4 +31,4 @@ KORVASchemaTypeI::ObjectType plainTypeOf(const char* localName) {
     return KORVASchemaTypeI::e_Unknown;
 }
 
-} // namespace korva
+}  // namespace korva

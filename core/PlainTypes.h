@@ -11,4 +11,4 @@ const char* plainTypeText(KORVASchemaTypeI::ObjectType type);
 /// The plain type with this local name, e_Unknown if there is none.
 KORVASchemaTypeI::ObjectType plainTypeOf(const char* localName);
 
-} // namespace korva
+}  // namespace korva

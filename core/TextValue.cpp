@@ -1,13 +1,13 @@
 #include "core/TextValue.h"
 
+#include <korva/KORVAObjectRegistryI.h>
+#include <korva/KORVAXSBase64Compressed.h>
+#include <korva/KORVA_CharStreamable.h>
+
 #include <cstdlib>
 #include <cstring>
 #include <memory>
 #include <new>
-
-#include <korva/KORVAObjectRegistryI.h>
-#include <korva/KORVAXSBase64Compressed.h>
-#include <korva/KORVA_CharStreamable.h>
 
 namespace korva {
 
@@ -32,7 +32,7 @@ Value* registerValue(std::unique_ptr<Value> value, KORVAObjectRegistryI& registr
     return value.release();
 }
 
-} // namespace
+}  // namespace
 
 const char* copyText(const char* text, TextCopy form, KORVAObjectRegistryI& registry) {
     if (text == nullptr) return nullptr;
@@ -81,4 +81,4 @@ bool equalBinaries(const KORVAXSBase64Binary* left, const KORVAXSBase64Binary* r
     return *left == *right;
 }
 
-} // namespace korva
+}  // namespace korva

@@ -8,8 +8,8 @@ namespace korva {
 
 /// How a copied text is to be freed.
 enum class TextCopy {
-    Array, ///< `delete[]`, as classes, properties and restricted strings have it
-    Free   ///< `free`, as text arrays have it
+    Array,  ///< `delete[]`, as classes, properties and restricted strings have it
+    Free    ///< `free`, as text arrays have it
 };
 
 /// A copy of `text`, registered; null stays null. A char streamable is copied as one.
@@ -24,4 +24,4 @@ KORVAXSBase64Binary* copyBinary(const KORVAXSBase64Binary* value, KORVAObjectReg
 /// By content; null equals null only.
 bool equalBinaries(const KORVAXSBase64Binary* left, const KORVAXSBase64Binary* right);
 
-} // namespace korva
+}  // namespace korva

@@ -5,6 +5,8 @@
 #include <zel/ZELFrame.h>
 
 #include <algorithm>
+#include <cstddef>
+#include <new>
 
 namespace {
 
@@ -19,10 +21,13 @@ const korva::MessageTypeRow* findMessage(KORVAMessageI::MessageType type) {
 
 }  // namespace
 
-constinit KORVAMessageFactory KORVAMessageFactory::g_instance;
+KORVAMessageFactory::~KORVAMessageFactory() = default;
 
 KORVAMessageFactory& KORVAMessageFactory::getInstance() {
-    return g_instance;
+    // Made on first use and never destroyed: nothing runs when the library is loaded or left.
+    alignas(KORVAMessageFactory) static std::byte storage[sizeof(KORVAMessageFactory)];
+    static KORVAMessageFactory& instance = *::new (static_cast<void*>(storage)) KORVAMessageFactory;
+    return instance;
 }
 
 KORVAMessageI* KORVAMessageFactory::create(const KORVAMessageI::MessageType& msgType) const {

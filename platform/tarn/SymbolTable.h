@@ -13,12 +13,12 @@ inline constexpr unsigned symbolIndexBits = 12;
 /// is the start of a text.
 inline constexpr unsigned char symbolMark = 0xFF;
 
-extern const char symbolTexts[];            ///< CRC (little endian), mark, text, NUL; repeated
+extern const char symbolTexts[];  ///< CRC (little endian), mark, text, NUL; repeated
 extern const std::size_t symbolTextsSize;
-extern const std::uint32_t symbolCrcs[];    ///< ascending
-extern const std::uint32_t symbolOffsets[]; ///< of the texts in `symbolTexts`
+extern const std::uint32_t symbolCrcs[];     ///< ascending
+extern const std::uint32_t symbolOffsets[];  ///< of the texts in `symbolTexts`
 extern const std::size_t symbolCount;
 /// The first position for each value of the CRC's top bits, and the end.
 extern const std::uint16_t symbolIndex[(1U << symbolIndexBits) + 1];
 
-} // namespace tarn
+}  // namespace tarn

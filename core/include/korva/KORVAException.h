@@ -2,7 +2,6 @@
 #pragma once
 
 #include <korva/KORVAExport.h>
-
 #include <zel/ZELException.h>
 
 /// A failure of the library: bad input, or a wrong type. It carries numbered messages with their

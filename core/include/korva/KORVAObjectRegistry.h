@@ -1,10 +1,10 @@
 // The library's own object registry.
 #pragma once
 
+#include <korva/KORVAObjectRegistryI.h>
+
 #include <cstddef>
 #include <vector>
-
-#include <korva/KORVAObjectRegistryI.h>
 
 /// What an entry of a registry holds, and so how it is freed.
 enum KORVAObjRegEnum : int {

@@ -1,12 +1,11 @@
 // The owner of everything that is allocated for one scope.
 #pragma once
 
-#include <string>
-
 #include <korva/KORVAExport.h>
-
 #include <zel/ZELReferenceCount.h>
 #include <zel/ZELSmartPointer.h>
+
+#include <string>
 
 class BRIMOutputStream;
 class I18NString;
@@ -29,11 +28,11 @@ class KORVA_EXPORT KORVAObjectRegistryI : public ZELReferenceCount {
 public:
     /// How a plain value is to be freed.
     enum KORVADeleteMode : int {
-        eKORVADelete = 0,       ///< as a single object
-        eKORVADeleteScalar = 1, ///< as a single object
-        eKORVADeleteObject = 2, ///< as a single object
-        eKORVADeleteArray = 3,  ///< as an array
-        eKORVAFree = 4          ///< with the C library's free
+        eKORVADelete = 0,        ///< as a single object
+        eKORVADeleteScalar = 1,  ///< as a single object
+        eKORVADeleteObject = 2,  ///< as a single object
+        eKORVADeleteArray = 3,   ///< as an array
+        eKORVAFree = 4           ///< with the C library's free
     };
 
     ~KORVAObjectRegistryI() override;

@@ -1,12 +1,12 @@
 // The reflective interface that every value of the bus's schema implements.
 #pragma once
 
+#include <korva/KORVAExport.h>
+
 #include <cstddef>
 #include <string>
 #include <type_traits>
 #include <vector>
-
-#include <korva/KORVAExport.h>
 
 /// A typed object of the bus's schema, walked and built by the names of its children.
 ///
@@ -18,21 +18,21 @@ public:
     /// The identity of a type: small numbers for the plain types, the CRC-32 of the XML name for
     /// every type of the schema.
     enum ObjectType : int {
-        e_Unknown = 0,        ///< no type, or one that nobody knows
-        eString = 1,          ///< text
-        eInt = 2,             ///< 32-bit signed integer
-        eInteger = 3,         ///< unbounded integer of the schema, kept as a 32-bit signed value
-        eDecimal = 4,         ///< decimal, kept as a float
-        eTime = 5,            ///< time of day, kept as text
-        eDateTime = 6,        ///< date and time, kept as text
-        eBoolean = 7,         ///< boolean
-        eBase64Binary = 8,    ///< binary, carried by a KORVAXSBase64Binary
-        eFloat = 9,           ///< single-precision float
-        eQName = 10,          ///< qualified name, kept as text
-        eCharStreamable = 11, ///< a KORVA_CharStreamable that stands in for text
-        eKORVAUndocumentedFaultDetail = 12,      ///< hand-written fault detail
-        eKORVAUndocumentedFaultDetailArray = 13, ///< its array
-        eKORVASOAPFault = 14,                    ///< SOAP fault
+        e_Unknown = 0,         ///< no type, or one that nobody knows
+        eString = 1,           ///< text
+        eInt = 2,              ///< 32-bit signed integer
+        eInteger = 3,          ///< unbounded integer of the schema, kept as a 32-bit signed value
+        eDecimal = 4,          ///< decimal, kept as a float
+        eTime = 5,             ///< time of day, kept as text
+        eDateTime = 6,         ///< date and time, kept as text
+        eBoolean = 7,          ///< boolean
+        eBase64Binary = 8,     ///< binary, carried by a KORVAXSBase64Binary
+        eFloat = 9,            ///< single-precision float
+        eQName = 10,           ///< qualified name, kept as text
+        eCharStreamable = 11,  ///< a KORVA_CharStreamable that stands in for text
+        eKORVAUndocumentedFaultDetail = 12,       ///< hand-written fault detail
+        eKORVAUndocumentedFaultDetailArray = 13,  ///< its array
+        eKORVASOAPFault = 14,                     ///< SOAP fault
 #include <korva/KORVAObjectTypes_gen_.inc>
     };
 
@@ -92,22 +92,22 @@ protected:
 /// Compares two schema objects of known classes by the virtual operator of the left one. Exact for
 /// both operands, so that `base == derived` stays unambiguous with rewritten comparisons.
 template <class Left, class Right>
-    requires(std::is_base_of_v<KORVASchemaTypeI, Left> &&
-             std::is_base_of_v<KORVASchemaTypeI, Right> &&
-             requires(const Left& left, const KORVASchemaTypeI& right) {
+requires(std::is_base_of_v<KORVASchemaTypeI, Left>&&
+             std::is_base_of_v<KORVASchemaTypeI, Right>&& requires(const Left& left,
+                                                                   const KORVASchemaTypeI& right) {
                  left.operator==(right);
-             })
-bool operator==(const Left& left, const Right& right) {
+             }) bool
+operator==(const Left& left, const Right& right) {
     return left.operator==(static_cast<const KORVASchemaTypeI&>(right));
 }
 
 /// The negation of operator== above.
 template <class Left, class Right>
-    requires(std::is_base_of_v<KORVASchemaTypeI, Left> &&
-             std::is_base_of_v<KORVASchemaTypeI, Right> &&
-             requires(const Left& left, const KORVASchemaTypeI& right) {
+requires(std::is_base_of_v<KORVASchemaTypeI, Left>&&
+             std::is_base_of_v<KORVASchemaTypeI, Right>&& requires(const Left& left,
+                                                                   const KORVASchemaTypeI& right) {
                  left.operator!=(right);
-             })
-bool operator!=(const Left& left, const Right& right) {
+             }) bool
+operator!=(const Left& left, const Right& right) {
     return left.operator!=(static_cast<const KORVASchemaTypeI&>(right));
 }

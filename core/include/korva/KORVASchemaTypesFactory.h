@@ -89,11 +89,8 @@ public:
     KORVASchemaTypeI& createCopy(const KORVASchemaTypeI& object,
                                  KORVAObjectRegistryI& registry) const;
 
-    // Constant, so that nothing runs at the end of the process.
-    constexpr virtual ~KORVASchemaTypesFactory() = default;
+    virtual ~KORVASchemaTypesFactory();
 
 private:
-    constexpr KORVASchemaTypesFactory() = default;
-
-    static KORVASchemaTypesFactory g_instance;
+    KORVASchemaTypesFactory() = default;
 };

@@ -1,9 +1,9 @@
 // Binary values: owned, referenced or streamed.
 #pragma once
 
-#include <cstddef>
-
 #include <korva/KORVAExport.h>
+
+#include <cstddef>
 
 class BRIMOutputStream;
 class KORVA_Streamable;

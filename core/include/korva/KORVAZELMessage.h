@@ -1,11 +1,10 @@
 // A numbered message of the library's catalogue.
 #pragma once
 
-#include <cstdint>
-
 #include <korva/KORVAExport.h>
-
 #include <zel/ZELMessage.h>
+
+#include <cstdint>
 
 /// A ZELMessage of this library's component; parameters are streamed into it in the catalogue's
 /// order.

@@ -1,9 +1,9 @@
 // What the schema's arrays have in common.
 #pragma once
 
-#include <stdexcept>
-
 #include <korva/KORVASchemaTypeArrayI.h>
+
+#include <stdexcept>
 
 class KORVAObjectRegistryI;
 
@@ -12,7 +12,7 @@ class ArrayAccess;
 
 /// @throws std::out_of_range always
 [[noreturn]] KORVA_EXPORT void throwInvalidSubscript();
-} // namespace korva
+}  // namespace korva
 
 /// The implementation behind every array of the schema: it answers the reflective contract through
 /// the typed storage of the class derived from it. An array owns its storage, not its elements.

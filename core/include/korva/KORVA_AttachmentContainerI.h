@@ -1,9 +1,9 @@
 // What collects the bytes of one attachment.
 #pragma once
 
-#include <cstddef>
-
 #include <korva/KORVAExport.h>
+
+#include <cstddef>
 
 class KORVA_Streamable;
 

@@ -6,7 +6,7 @@
 namespace korva {
 struct ClassDescriptor;
 struct Record;
-} // namespace korva
+}  // namespace korva
 
 /// The implementation behind every class and property of the schema: it answers the reflective
 /// contract from the class's table of fields. The fields themselves, base class first, stand in one

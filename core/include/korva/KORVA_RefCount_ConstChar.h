@@ -2,7 +2,6 @@
 #pragma once
 
 #include <korva/KORVAExport.h>
-
 #include <zel/ZELReferenceCount.h>
 
 /// A reference-counted text that is freed as an array of characters with its last holder.

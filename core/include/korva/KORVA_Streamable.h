@@ -2,7 +2,6 @@
 #pragma once
 
 #include <brim/BRIMInputStream.h>
-
 #include <korva/KORVAExport.h>
 
 class BRIMOutputStream;

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <korva/KORVAExport.h>
-
 #include <zel/ZELByteBuffer.h>
 
 /// A ZELByteBuffer whose interface is cut down to what the object model needs.

@@ -1,9 +1,9 @@
 // The typed storage of the schema's arrays.
 #pragma once
 
-#include <vector>
-
 #include <korva/KORVA_ArrayObject.h>
+
+#include <vector>
 
 /// An array whose elements are kept as `Element`: a pointer to an object, a text, or a value.
 template <class Element>

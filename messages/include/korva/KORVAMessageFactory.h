@@ -33,14 +33,11 @@ public:
     /// @throws ZELAssertError `msgType` is e_Unknown
     const KORVAParamDescriptor* getParameterTypes(const KORVAMessageI::MessageType& msgType) const;
 
-    // Constant, so that nothing runs at the end of the process.
-    constexpr virtual ~KORVAMessageFactory() = default;
+    virtual ~KORVAMessageFactory();
 
     // One list for each message, as getParameterTypes gives it.
 #include <korva/KORVAParamDescriptors_gen_.inc>
 
 private:
-    constexpr KORVAMessageFactory() = default;
-
-    static KORVAMessageFactory g_instance;
+    KORVAMessageFactory() = default;
 };

@@ -1,9 +1,9 @@
 // The schema's word table: from the CRC-32 of a word to its text.
 #pragma once
 
-#include <cstdint>
-
 #include <tarn/TARNExport.h>
+
+#include <cstdint>
 
 /// Every name and word of the bus's schema, by its CRC-32 (zlib's polynomial, seed 0). The table is
 /// constant; any number of threads may use it at once.
