@@ -1,8 +1,22 @@
 #include "core/Descriptor.h"
 
 #include <korva/KORVA_ClassObject.h>
+#include <zel/ZELFrame.h>
+
+#include <new>
 
 namespace korva {
+
+void* Record::operator new(std::size_t size) {
+    ZEL_TRY {
+        return ::operator new(size);
+    }
+    ZEL_CATCH(nullptr)
+}
+
+void Record::operator delete(void* p) noexcept {
+    ::operator delete(p);
+}
 
 const FieldDescriptor* ClassDescriptor::find(std::uint32_t crc) const {
     std::size_t first = 0;

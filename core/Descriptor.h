@@ -22,6 +22,10 @@ struct Record {
     Record(const Record&) = delete;
     Record& operator=(const Record&) = delete;
     virtual ~Record() = default;
+
+    /// @throws ZELOutOfMemoryError no memory is left, so that constructors need no frame
+    static void* operator new(std::size_t size);
+    static void operator delete(void* p) noexcept;
 };
 
 /// How a field is kept in its record.

@@ -1,14 +1,22 @@
 #include <korva/KORVAUnknownSchemaType.h>
+#include <zel/ZELFrame.h>
 
 KORVAUnknownSchemaType::KORVAUnknownSchemaType() = default;
-KORVAUnknownSchemaType::KORVAUnknownSchemaType(const std::string& name) : m_name(name) {}
+KORVAUnknownSchemaType::KORVAUnknownSchemaType(const std::string& name) {
+    setName(name);
+}
 KORVAUnknownSchemaType::~KORVAUnknownSchemaType() = default;
 
 const char* KORVAUnknownSchemaType::getName() const {
     return m_name.c_str();
 }
 void KORVAUnknownSchemaType::setName(const std::string& name) {
-    m_name = name;
+    std::string copy;
+    ZEL_TRY {
+        copy = name;
+    }
+    ZEL_CATCH(nullptr)
+    m_name.swap(copy);
 }
 
 KORVASchemaTypeI::ObjectType KORVAUnknownSchemaType::getObjectType() const {

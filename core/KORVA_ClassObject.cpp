@@ -16,11 +16,15 @@ using Factory = KORVASchemaTypesFactory;
 namespace {
 
 [[noreturn]] void refuseArray(const korva::ClassDescriptor& level, const FieldDescriptor& field) {
-    std::string text = "ZEL_ASSERT_NAMED(false, \"The '";
-    text += korva::word(field.crc);
-    text += "' element cannot be set through the '";
-    text += level.className;
-    text += "::setChildObject()' method.\");";
+    std::string text;
+    ZEL_TRY {
+        text = "ZEL_ASSERT_NAMED(false, \"The '";
+        text += korva::word(field.crc);
+        text += "' element cannot be set through the '";
+        text += level.className;
+        text += "::setChildObject()' method.\");";
+    }
+    ZEL_CATCH(nullptr)
     zel::assertionFailed(text.c_str(), ZEL_LOCATION);
 }
 

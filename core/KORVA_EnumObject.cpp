@@ -18,9 +18,13 @@ int stringToEnum(const char* name, const EnumDescriptor& descriptor) {
     const std::uint32_t crc = nameCrc(name);
     for (std::size_t i = 0; i < descriptor.entryCount; ++i)
         if (descriptor.entries[i].crc == crc) return descriptor.entries[i].value;
-    std::string text = descriptor.xmlName;
-    text += ':';
-    text += name;
+    std::string text;
+    ZEL_TRY {
+        text = descriptor.xmlName;
+        text += ':';
+        text += name;
+    }
+    ZEL_CATCH(nullptr)
     KORVA_RAISE(0xEA45DC29U, "_stringToEnum()", text.c_str());
 }
 
@@ -38,9 +42,13 @@ KORVA_EnumObject::~KORVA_EnumObject() = default;
 
 void* KORVA_EnumObject::getChildObject(const char*, bool) {
     if (m_value == 0) {
-        const std::string text =
-            "ZEL_ASSERT_NAMED(m_value != " + std::string(descriptor().className) +
-            "::eKOVRAUninitialized, \"Enum not initialized.\");";
+        std::string text;
+        ZEL_TRY {
+            text = "ZEL_ASSERT_NAMED(m_value != ";
+            text += descriptor().className;
+            text += "::eKOVRAUninitialized, \"Enum not initialized.\");";
+        }
+        ZEL_CATCH(nullptr)
         zel::assertionFailed(text.c_str(), ZEL_LOCATION);
     }
     return const_cast<char*>(korva::enumToString(m_value, descriptor()));

@@ -9,6 +9,7 @@ public:
     /// An empty name.
     KORVAUnknownSchemaType();
     /// Copies `name`.
+    /// @throws ZELOutOfMemoryError no memory is left
     explicit KORVAUnknownSchemaType(const std::string& name);
     ~KORVAUnknownSchemaType() override;
     KORVAUnknownSchemaType(const KORVAUnknownSchemaType&) = delete;
@@ -17,6 +18,7 @@ public:
     /// The name as it was set; valid until the next setName.
     const char* getName() const;
     /// Copies `name`.
+    /// @throws ZELOutOfMemoryError no memory is left; the name is unchanged
     void setName(const std::string& name);
 
     ObjectType getObjectType() const override;
