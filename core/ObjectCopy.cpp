@@ -8,7 +8,9 @@
 #include <korva/KORVAObjectRegistryI.h>
 #include <korva/KORVASchemaTypesFactory.h>
 #include <zel/ZELAssert.h>
+#include <zel/ZELFrame.h>
 
+#include <cstring>
 #include <memory>
 #include <string>
 #include <vector>
@@ -29,6 +31,8 @@ public:
     }
 
     void copyArray(const KORVA_ArrayObject& source, KORVA_ArrayObject& target) {
+        // Emptied first, so that no former element stays where the source has null.
+        ArrayAccess::resize(target, 0);
         const std::size_t count = source.size();
         const ObjectType elementType = ArrayAccess::elementType(source);
         ArrayAccess::resize(target, count);
@@ -118,8 +122,11 @@ private:
     /// A registered copy whose own children wait in the list.
     KORVASchemaTypeI* copyObject(const KORVASchemaTypeI& source) {
         const TypeDescriptor* const type = findType(source.getObjectType());
-        const bool isClass = type != nullptr && type->create != nullptr && type->fields != nullptr;
-        const bool isArray = type != nullptr && type->elementType != KORVASchemaTypeI::e_Unknown;
+        // A class that somebody derived from a generated one is asked what it is first.
+        const bool exact =
+            type != nullptr && type->typeInfo != nullptr && typeid(source) == *type->typeInfo;
+        const bool isClass = exact && type->fields != nullptr;
+        const bool isArray = exact && type->elementType != KORVASchemaTypeI::e_Unknown;
         // What has no children is copied in one go, and an unknown type is refused there.
         if (!isClass && !isArray)
             return &KORVASchemaTypesFactory::getInstance().createCopy(source, m_registry);
@@ -143,10 +150,13 @@ private:
 
 void copyFields(const ClassDescriptor& descriptor, const KORVASchemaTypeI& source,
                 const KORVASchemaTypeI& target, KORVAObjectRegistryI& registry) {
-    CopyJob job(registry);
-    job.copyFields(descriptor, *ClassDescriptor::recordOf(source),
-                   *ClassDescriptor::recordOf(target));
-    job.run();
+    ZEL_TRY {
+        CopyJob job(registry);
+        job.copyFields(descriptor, *ClassDescriptor::recordOf(source),
+                       *ClassDescriptor::recordOf(target));
+        job.run();
+    }
+    ZEL_CATCH(nullptr)
 }
 
 void copyArray(const KORVA_ArrayObject& source, KORVA_ArrayObject& target,
