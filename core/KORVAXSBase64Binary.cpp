@@ -56,7 +56,6 @@ void KORVAXSBase64Binary::append(const char* data, std::size_t length) {
         }
         m_streamable = nullptr;
         m_length = held;
-        if (length == 0) return;
         ZEL_ASSERT(m_buffer);
         std::memcpy(m_buffer + m_length, data, length);
         m_length += length;

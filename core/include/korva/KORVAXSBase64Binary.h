@@ -25,7 +25,8 @@ public:
 
     /// Copies `length` bytes behind those that the value owns; a `length` of 0 means
     /// `strlen(data)`. A streamable is let go.
-    /// @throws ZELAssertError the value holds a reference, or `data` is null
+    /// @throws ZELAssertError the value holds a reference, `data` is null, or there is no byte in
+    ///     either
     /// @throws ZELOutOfMemoryError no memory is left; the value is unchanged
     void append(const char* data, std::size_t length);
 
