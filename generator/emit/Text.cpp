@@ -90,12 +90,7 @@ std::string literal(std::string_view text) {
 }
 
 std::string hex(std::int32_t identity) {
-    constexpr std::string_view digits = "0123456789ABCDEF";
-    std::string out = "0x";
-    for (int shift = 28; shift >= 0; shift -= 4) {
-        out.push_back(digits[(static_cast<std::uint32_t>(identity) >> shift) & 0xF]);
-    }
-    return out.append("U");
+    return model::hexOf(identity) + "U";
 }
 
 std::string decimal(std::int64_t number) {

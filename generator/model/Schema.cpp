@@ -6,12 +6,9 @@ namespace korva::schemac::model {
 
 namespace {
 
-constexpr std::array<std::string_view, 11> kPlainTypeNames = {
-    "",        "xs:string",   "xs:int",     "xs:integer",      "xs:decimal",
-    "xs:time", "xs:dateTime", "xs:boolean", "xs:base64Binary", "xs:float",
-    "xs:QName"};
-
-constexpr std::size_t kPrefixLength = std::string_view("xs:").size();
+constexpr std::array<std::string_view, 11> kPlainTypes = {
+    "",         "string",  "int",          "integer", "decimal", "time",
+    "dateTime", "boolean", "base64Binary", "float",   "QName"};
 
 }  // namespace
 
@@ -35,13 +32,18 @@ const Type* Schema::find(std::string_view name) const {
     return found == typesByName.end() ? nullptr : found->second;
 }
 
-std::string_view plainTypeName(PlainType type) {
-    return kPlainTypeNames[static_cast<std::size_t>(type)];
+std::string hexOf(std::int32_t identity) {
+    constexpr std::string_view digits = "0123456789ABCDEF";
+    std::string out = "0x";
+    for (int shift = 28; shift >= 0; shift -= 4) {
+        out.push_back(digits[(static_cast<std::uint32_t>(identity) >> shift) & 0xF]);
+    }
+    return out;
 }
 
 PlainType plainTypeOf(std::string_view localName) {
-    for (std::size_t i = 1; i < kPlainTypeNames.size(); ++i) {
-        if (kPlainTypeNames[i].substr(kPrefixLength) == localName) return static_cast<PlainType>(i);
+    for (std::size_t i = 1; i < kPlainTypes.size(); ++i) {
+        if (kPlainTypes[i] == localName) return static_cast<PlainType>(i);
     }
     return PlainType::None;
 }

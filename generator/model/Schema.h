@@ -125,6 +125,9 @@ struct Type {
     bool isA(const Type& other) const;
 };
 
+inline constexpr std::string_view kRequestSuffix = "_Request";
+inline constexpr std::string_view kReplySuffix = "_Reply";
+
 struct Message {
     Location at;
     std::string uri;
@@ -235,8 +238,8 @@ struct Schema {
     const Type* find(std::string_view name) const;
 };
 
-/// "xs:string" for PlainType::String; never called with PlainType::None.
-std::string_view plainTypeName(PlainType type);
+/// "0x5A3811FB", an identity as an unsigned number.
+std::string hexOf(std::int32_t identity);
 
 /// The plain type of a local name such as "string", or PlainType::None.
 PlainType plainTypeOf(std::string_view localName);

@@ -14,15 +14,6 @@ constexpr std::int32_t kLastReserved = 14;
 // 1 and 2 are the messages without name and parameters.
 constexpr std::int32_t kLastReservedMessage = 2;
 
-std::string hex(std::int32_t identity) {
-    constexpr std::string_view digits = "0123456789ABCDEF";
-    std::string out = "0x";
-    for (int shift = 28; shift >= 0; shift -= 4) {
-        out.push_back(digits[(static_cast<std::uint32_t>(identity) >> shift) & 0xF]);
-    }
-    return out;
-}
-
 // Texts that share one space of identities, with the place of each text's first use.
 class Space {
 public:
@@ -36,11 +27,11 @@ public:
             m_diagnostics.error(
                 at, owner,
                 inQuotes(text) + " and \"" + found->second.text + "\" have one CRC-32, " +
-                    hex(identity),
+                    hexOf(identity),
                 "a word whose CRC-32 differs from that at " + place(found->second.at));
         }
         if (isNew && identity >= 0 && identity <= m_lastReserved) {
-            m_diagnostics.error(at, owner, "the CRC-32 of \"" + text + "\" is " + hex(identity),
+            m_diagnostics.error(at, owner, "the CRC-32 of \"" + text + "\" is " + hexOf(identity),
                                 "a word whose CRC-32 is not one of the reserved numbers 0 to " +
                                     std::to_string(m_lastReserved));
         }

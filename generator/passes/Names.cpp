@@ -14,8 +14,6 @@ namespace {
 constexpr std::string_view kClassPrefix = "KORVA";
 constexpr std::string_view kEnumeratorPrefix = "eKORVA";
 constexpr std::string_view kPortTypeSuffix = "PortType";
-constexpr std::string_view kRequestSuffix = "_Request";
-constexpr std::string_view kReplySuffix = "_Reply";
 
 // Written by hand beside the generated classes, so that no type may be called thus.
 constexpr std::array<std::string_view, 21> kTakenClasses = {

@@ -11,9 +11,6 @@ using namespace model;
 
 namespace {
 
-constexpr std::string_view kRequestSuffix = "_Request";
-constexpr std::string_view kReplySuffix = "_Reply";
-
 using Name = std::pair<std::string, std::string>;
 
 class Joiner {
