@@ -12,7 +12,7 @@ namespace korva::wire {
 
 /// Tabs for the lines whose level is beyond what a LineToken has.
 inline constexpr auto manyTabs = [] {
-    std::array<char, 1024> tabs{};
+    std::array<char, 4096> tabs{};
     tabs.fill('\t');
     return tabs;
 }();

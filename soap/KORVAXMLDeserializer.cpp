@@ -1,0 +1,38 @@
+#include "soap/NoDOCTYPEHandler.h"
+#include "soap/XmlReader.h"
+
+#include <korva/KORVANamespaceMapping.h>
+#include <korva/KORVASchemaTypeI.h>
+#include <korva/KORVASchemaTypeIContentHandler.h>
+#include <korva/KORVAXMLDeserializer.h>
+#include <zel/ZELFrame.h>
+
+KORVAXMLDeserializerI::~KORVAXMLDeserializerI() = default;
+
+KORVAXMLDeserializer::KORVAXMLDeserializer(){
+    ZEL_TRY{m_reader = std::make_unique<korva::XmlReader>();
+}
+ZEL_CATCH("KORVAXMLDeserializer::KORVAXMLDeserializer")
+}
+
+KORVAXMLDeserializer::~KORVAXMLDeserializer() = default;
+
+KORVASchemaTypeI* KORVAXMLDeserializer::parse(BRIMInputStream& stream,
+                                              KORVAObjectRegistryI* registry) {
+    KORVANamespaceMapping namespaceMapping;
+    void* result = nullptr;
+    m_converter.reset();
+    KORVASchemaTypeIContentHandler handler(&result, &namespaceMapping, registry, m_converter);
+    korva::NoDOCTYPEHandler noDOCTYPEHandler;
+    m_reader->parse(stream, handler, &noDOCTYPEHandler,
+                    {"KORVAXMLDeserializer::parse", "KORVAXMLDeserializer::parse()"});
+    return static_cast<KORVASchemaTypeI*>(result);
+}
+
+void KORVAXMLDeserializer::setMaximumDepth(std::size_t elements) {
+    m_reader->limits().depth = elements;
+}
+
+void KORVAXMLDeserializer::setMaximumText(std::size_t units) {
+    m_reader->limits().text = units;
+}

@@ -1,0 +1,61 @@
+// The memory of the XML parser.
+#pragma once
+
+#include <xercesc/framework/MemoryManager.hpp>
+
+#include <array>
+#include <cstddef>
+
+namespace korva {
+
+/// Gives a parser its memory and keeps what comes back for the next parser: a new parser makes
+/// hundreds of allocations, which so cost next to nothing. Belongs to one thread at a time.
+///
+/// Owns every block that it gave. A parser that ran out of memory cannot be destroyed; it is left
+/// alone, and `release` takes its memory from under it.
+class ParserMemory final : public xercesc::MemoryManager {
+public:
+    /// Thrown for a block that is larger than allowed.
+    struct BlockTooLarge {};
+
+    ParserMemory() = default;
+    ParserMemory(const ParserMemory&) = delete;
+    ParserMemory& operator=(const ParserMemory&) = delete;
+    ~ParserMemory() override { release(); }
+
+    /// No single block may be larger than this.
+    void setLargestBlock(std::size_t bytes) { m_largestBlock = bytes; }
+
+    /// @throws xercesc::OutOfMemoryException no memory is left
+    void* allocate(XMLSize_t size) override;
+    void deallocate(void* block) override;
+    xercesc::MemoryManager* getExceptionMemoryManager() override;
+
+    /// Frees all blocks, given back or not.
+    void release() noexcept;
+
+private:
+    /// What stands before each block.
+    struct Header;
+    /// A large allocation from which blocks are cut, or a single large block.
+    struct Slab;
+    /// Blocks of a class have the same size. Each class is half as large again as the one before,
+    /// or a third.
+    static constexpr std::size_t classCount = 28;
+    static constexpr std::size_t noClass = classCount;
+
+    static std::size_t classOf(std::size_t size);
+    static std::size_t sizeOfClass(std::size_t sizeClass);
+
+    void* cut(std::size_t sizeClass);
+    Slab* addSlab(std::size_t size);
+    void removeSlab(Slab* slab) noexcept;
+
+    std::size_t m_largestBlock = static_cast<std::size_t>(-1);
+    Slab* m_slabs = nullptr;
+    char* m_free = nullptr;  ///< what is not cut yet of the newest slab
+    std::size_t m_freeSize = 0;
+    std::array<Header*, classCount> m_freeBlocks{};
+};
+
+}  // namespace korva

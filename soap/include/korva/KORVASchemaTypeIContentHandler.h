@@ -1,0 +1,148 @@
+// The reader of one value: a parameter, a header entry, or a whole document.
+#pragma once
+
+#include <korva/KORVAContentHandler.h>
+#include <korva/KORVASchemaTypeI.h>
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+class KORVAMessageIContentHandler;
+class KORVANamespaceMapping;
+class KORVAObjectRegistryI;
+class KORVA_AttachmentHandler;
+class KORVA_String;
+
+namespace korva {
+struct ReadingContext;
+}
+
+/// Builds a typed value from the SAX2 events of one element and all that it holds. Everything that
+/// is built belongs to the registry, also after a failure.
+///
+/// An element's type is told by its `xsi:type`, otherwise by its declaration. Elements that nobody
+/// declares are skipped with all they hold. Does not recurse: depth costs memory, not stack.
+///
+/// Failures of the document are KORVAExceptions: 0xEA41D35C and 0xEA4152EA (child or text in a nil
+/// element), 0xEA40320B and 0xEA4ACDA5 (in a reference to an attachment), 0xEA4AA334 (child of a
+/// simple value), 0xEA4BCA5D (item of a wrong type), 0xEA4B8476 (element twice), 0xEA4BA852,
+/// 0xEA4CB90C, 0xEA48385C, 0xEA4BD4DB and 0xEA487D84 (types), 0xEA407F89 (text of a simple value),
+/// and what the objects raise when a child is set. References to attachments end in an assertion
+/// while there is no attachment handler.
+class KORVA_EXPORT KORVASchemaTypeIContentHandler : public KORVAContentHandler {
+public:
+    using ObjectType = KORVASchemaTypeI::ObjectType;
+
+    /// No value of `xsi:type` or `SOAP-ENC:arrayType` is as long as this, in UTF-16 units.
+    static constexpr std::size_t DEFAULT_TMP_CHAR_BUFFER_SIZE = 256;
+
+    /// Reads the element that the parser has just reported, up to its end tag, which need not be
+    /// handed in. `namespaceMapping`, `registry` and `converter` must outlive the handler.
+    /// @param expectedType the declared type; with e_Unknown an element that does not tell its type
+    ///     is skipped whole
+    /// @throws KORVAException, ZELAssertError as told above; also for an empty `localName`
+    /// @throws ZELOutOfMemoryError no memory is left
+    KORVASchemaTypeIContentHandler(const XMLCh* localName, const xercesc::Attributes& attributes,
+                                   KORVANamespaceMapping* namespaceMapping,
+                                   KORVAObjectRegistryI* registry, I18NConverter& converter,
+                                   ObjectType expectedType);
+
+    /// Reads a document, whose root comes by `startElement`. Its end puts the root's value into
+    /// `*resultSlot` if that is an object; an unknown root, a nil one and a number leave it null.
+    /// @throws ZELOutOfMemoryError no memory is left
+    KORVASchemaTypeIContentHandler(void** resultSlot, KORVANamespaceMapping* namespaceMapping,
+                                   KORVAObjectRegistryI* registry, I18NConverter& converter);
+
+    ~KORVASchemaTypeIContentHandler() override;
+
+    /// Who is told of references to attachments; null, as at first, refuses them. Not owned.
+    void setAttachmentHandler(KORVA_AttachmentHandler* handler) { m_attachmentHandler = handler; }
+
+    /// The type of the element under construction; e_Unknown in a skipped one.
+    /// @throws ZELAssertError there is none
+    ObjectType getParamType() const;
+
+    /// Ends the text of the element under construction and gives its value: an object, a
+    /// ZELByteBuffer for text, a KORVAXSBase64Binary, or the address of a number or boolean. It
+    /// belongs to the registry. Null for a nil element, in a skipped one, and when there is none.
+    /// @throws KORVAException 0xEA407F89, ZELAssertError as told above
+    void* getParamValue();
+
+    void startDocument() override;
+    void endDocument() override;
+    void startElement(const XMLCh* uri, const XMLCh* localName, const XMLCh* qName,
+                      const xercesc::Attributes& attributes) override;
+    void endElement(const XMLCh* uri, const XMLCh* localName, const XMLCh* qName) override;
+    void characters(const XMLCh* text, XMLSize_t length) override;
+    void startPrefixMapping(const XMLCh* prefix, const XMLCh* uri) override;
+    void endPrefixMapping(const XMLCh* prefix) override;
+
+private:
+    friend class KORVAMessageIContentHandler;
+
+    /// An element under construction.
+    struct Entry {
+        const char* name;  ///< of the schema's words or of m_context
+        ObjectType type;
+        bool isArray;    ///< its children are items
+        bool takesText;  ///< text between its children is its own
+        bool setAtEnd;   ///< goes to the parent when it ends, as its text makes the value
+        void* value;     ///< null while the text has not made it
+        char* text;      ///< of a string whose value is made on the way to the parent
+        std::size_t textLength;
+        /// Where a number or boolean is kept that its parent copies; `value` is then null.
+        union {
+            int integer;
+            float number;
+            bool boolean;
+        } simple;
+
+        Entry(const char* n, ObjectType t, void* v) noexcept;
+    };
+
+    KORVASchemaTypeIContentHandler(const XMLCh* localName, const xercesc::Attributes& attributes,
+                                   KORVANamespaceMapping* namespaceMapping,
+                                   KORVAObjectRegistryI* registry, I18NConverter& converter,
+                                   ObjectType expectedType, korva::ReadingContext& context);
+
+    KORVANamespaceMapping& getNamespaceMapping() const;
+    const Entry& top() const;
+    Entry& top();
+    bool isRoot(const Entry& entry) const { return &entry == m_objStack.data(); }
+
+    void startRoot(const XMLCh* localName, const xercesc::Attributes& attributes,
+                   ObjectType expectedType);
+    void startItem(const char* name, ObjectType xsiType, ObjectType declared);
+    void startChild(const char* name, ObjectType xsiType, ObjectType declared);
+    void startText();
+    void skip();
+
+    Entry makeEntry(const char* name, ObjectType type);
+    void registerSimpleValue(Entry& entry);
+    static void checkType(const char* name, const void* value, ObjectType objectType,
+                          ObjectType expectedType);
+
+    void setCurrentCharacterData(Entry& param);
+    void setString(Entry& param);
+    void setNumber(Entry& param);
+    void setBase64(Entry& param);
+    void setContent(Entry& param);
+    KORVA_String* takeText();
+    void setOnParent(Entry& child);
+
+    KORVANamespaceMapping* m_inScopePrefixesToNamespaceMappings;
+    std::vector<Entry> m_objStack;  ///< newest at the back
+    KORVAObjectRegistryI* m_objectRegistry;
+    std::unique_ptr<korva::ReadingContext> m_ownContext;  ///< unless it is the message handler's
+    korva::ReadingContext* m_context;
+    const char* m_nilElement = nullptr;  ///< name of the nil element that is open, or null
+    std::string m_contentId;
+    bool m_hasContentId = false;  ///< the element refers to the attachment m_contentId
+    bool m_hasText = false;       ///< the text of the element is being collected
+    KORVA_AttachmentHandler* m_attachmentHandler = nullptr;
+    int m_unknownDepth = 0;  ///< open elements of a skipped one, itself included
+    void** m_resultSlot = nullptr;
+};

@@ -1,0 +1,35 @@
+// The reader of plain XML documents.
+#pragma once
+
+#include <korva/KORVAXMLDeserializerI.h>
+#include <zel/I18NConverter.h>
+
+#include <cstddef>
+#include <memory>
+
+namespace korva {
+class XmlReader;
+}
+
+/// Reads documents with a SAX2 parser, in one pass. Nothing outside the stream is opened. Keeping a
+/// deserializer for further calls saves the set-up of its parser.
+class KORVA_EXPORT KORVAXMLDeserializer : public KORVAXMLDeserializerI {
+public:
+    /// @throws ZELOutOfMemoryError no memory is left
+    KORVAXMLDeserializer();
+    ~KORVAXMLDeserializer() override;
+
+    KORVASchemaTypeI* parse(BRIMInputStream& stream, KORVAObjectRegistryI* registry) override;
+
+    /// How deep elements may be nested, the root included: 10,000 at first. A document that is
+    /// deeper ends in KORVAException 0xEA4F0001.
+    void setMaximumDepth(std::size_t elements);
+
+    /// How much text a document may have in all, in UTF-16 units: 2^30 at first. No text of an
+    /// attribute can be much longer either. More ends in KORVAException 0xEA4F0001.
+    void setMaximumText(std::size_t units);
+
+private:
+    I18NConverter m_converter;
+    std::unique_ptr<korva::XmlReader> m_reader;
+};
