@@ -4,9 +4,8 @@
 /// The text of the error is the macro call as it is written, made in the macro that the source
 /// calls, so that `NULL` and other macros in a condition stay as they stand:
 ///
-///     ZEL_ASSERT(name);                              // "ZEL_ASSERT(name);"
-///     ZEL_ASSERT_NAMED(type, "Unknown type.");       // "ZEL_ASSERT_NAMED(type, \"Unknown
-///     type.\");"
+///     ZEL_ASSERT(name);                   // ZEL_ASSERT(name);
+///     ZEL_ASSERT_NAMED(type, "No type");  // ZEL_ASSERT_NAMED(type, "No type");
 ///
 /// Code that is driven by tables, and so has no literal, checks by itself and calls
 /// `zel::assertionFailed` with the text that it composed.
