@@ -7,8 +7,8 @@
 ///
 /// A `ZELThrowable` gets one more line in its back trace and goes on, `std::bad_alloc` becomes
 /// `ZELOutOfMemoryError`, any other `std::exception` becomes `ZELStdExceptionError`. Exceptions of
-/// neither family pass unchanged. Control never leaves the frame by its end, so a function needs
-/// no `return` behind it. The name may be null.
+/// neither family pass unchanged. `ZEL_CATCH` always throws, so a function whose `ZEL_TRY` returns
+/// needs no `return` behind it. The name may be null.
 #pragma once
 
 #include <zel/ZELExport.h>
