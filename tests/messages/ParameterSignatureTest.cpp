@@ -65,6 +65,15 @@ TEST(ParameterSignature, ParametersMayNotBeReordered) {
     EXPECT_FALSE(fits(abc, {{"b", Type::eInt}, {"b", Type::eInt}}));
 }
 
+TEST(ParameterSignature, ListsOfOneLengthAreNotSearched) {
+    constexpr Descriptor expected[] = {
+        {"a", Type::eString}, {"b", Type::eKORVAFolder}, {nullptr, Type::e_Unknown}};
+    // Beside the row of its name this would be refused, as its class is abstract.
+    const Descriptor abstract = {"b", Type::eKORVABaseClass};
+    EXPECT_FALSE(fits(expected, {abstract, {"a", Type::eString}}));
+    EXPECT_THROW(fits(expected, {abstract}), KORVAException);
+}
+
 TEST(ParameterSignature, PartOfAListMustMatchInTypeToo) {
     EXPECT_FALSE(fits(abc, {{"b", Type::eString}}));
     EXPECT_FALSE(fits(abc, {{"d", Type::eString}}));
