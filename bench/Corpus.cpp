@@ -104,16 +104,14 @@ void fillHeader(Maker& maker, KORVAHalyardHeader& header) {
     passport->setId(maker.text("MTsxMDE6" + maker.word(24)));
     passport->setIsAnonymous(false);
     passport->setGeneration(3);
-    for (int i = 0; i < 3; ++i) {
-        auto* const cookie = maker.make<KORVACookieVar>();
-        cookie->setName(maker.text(maker.word(8)));
-        cookie->setValue(maker.text(maker.word(20)));
-        header.getHdrSession(registry)->getCookieVars().push_back(cookie);
-        auto* const preference = maker.make<KORVAUserPreferenceVar>();
-        preference->setName(maker.text(maker.word(10)));
-        preference->setValue(maker.text(maker.word(5)));
-        header.getUserPreferenceVars().push_back(preference);
-    }
+    auto* const cookie = maker.make<KORVACookieVar>();
+    cookie->setName(maker.text(maker.word(8)));
+    cookie->setValue(maker.text(maker.word(20)));
+    header.getHdrSession(registry)->getCookieVars().push_back(cookie);
+    auto* const preference = maker.make<KORVAUserPreferenceVar>();
+    preference->setName(maker.text(maker.word(10)));
+    preference->setValue(maker.text(maker.word(5)));
+    header.getUserPreferenceVars().push_back(preference);
     KORVATracking* const tracking = header.getTracking(registry);
     tracking->setHopCount(2);
     tracking->setRequestContext(maker.text(maker.word(32)));
@@ -161,7 +159,7 @@ KORVABaseClass* makeContentObject(Maker& maker) {
 }
 
 /// About what one object of makeContentObject takes on the wire.
-constexpr std::size_t contentObjectBytes = 2400;
+constexpr std::size_t contentObjectBytes = 2150;
 
 std::string envelope(KORVAPortTypeBinding& call, KORVAMessageI& message) {
     BRIMMemoryOutputStream bytes;
@@ -178,13 +176,11 @@ Call makeRunRequest() {
     fillHeader(maker, *request->getHalyardHeader(registry));
     request->getObjectPath(registry)->setValue(
         "/content/folder[@name='Sales']/report[@name='Quarter']");
+    auto* const value = maker.make<KORVAParameterValue>();
+    value->setName(maker.text(maker.word(10)));
+    value->getValue().push_back(makeItem(maker));
+    request->getParameterValues(registry)->push_back(value);
     for (int i = 0; i < 2; ++i) {
-        auto* const value = maker.make<KORVAParameterValue>();
-        value->setName(maker.text(maker.word(10)));
-        value->getValue().push_back(makeItem(maker));
-        request->getParameterValues(registry)->push_back(value);
-    }
-    for (int i = 0; i < 3; ++i) {
         auto* const option = maker.make<KORVARunOptionBoolean>();
         option->getName(registry)->setValue(KORVARunOptionEnum::eKORVAPrompt);
         option->setValue(i % 2 == 0);

@@ -10,8 +10,8 @@
 /// A binding whose messages are filled, and the port type it came from.
 using Call = ZELSmartPointer<KORVAPortTypeBinding>;
 
-/// A run request of some 4 KB: a bus header with passport, session and tracking, three parameter
-/// values, ten options.
+/// A run request of 3.8 KB: a bus header with passport, session and tracking, a parameter value,
+/// two options.
 Call makeRunRequest();
 
 /// A query whose reply holds content objects with the properties that a listing asks for, enough

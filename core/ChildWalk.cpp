@@ -16,6 +16,8 @@ ChildWalk::ChildWalk(const KORVASchemaTypeI& object, bool skipUnset)
       m_skipUnset(skipUnset),
       m_childCount(0),
       m_position(0),
+      m_field(nullptr),
+      m_levelEnd(nullptr),
       m_level(nullptr) {
     const TypeDescriptor* const type = findType(object.getObjectType());
     // A class that somebody derived from a generated one, or wrote in its place, may answer
@@ -44,28 +46,27 @@ ChildWalk::ChildWalk(const KORVASchemaTypeI& object, bool skipUnset)
     }
 }
 
-bool ChildWalk::isContent() const {
-    return m_isContent;
-}
-
 void ChildWalk::enterLevel() {
     // From the root downwards: the next level is the one whose base was visited last.
     const ClassDescriptor* next = m_class;
     while (next->base != m_level)
         next = next->base;
     m_level = next;
-    m_position = 0;
+    m_field = next->begin();
+    m_levelEnd = next->end();
 }
 
 bool ChildWalk::nextField(Child& child) {
     const Record& record = *ClassDescriptor::recordOf(*m_object);
     for (;;) {
-        while (m_position == m_level->fieldCount) {
+        while (m_field == m_levelEnd) {
             if (m_level == m_class) return false;
             enterLevel();
         }
-        const FieldDescriptor& field = m_level->fields[m_position++];
-        void* const value = readField(record, field, false);
+        const FieldDescriptor& field = *m_field++;
+        // Most fields of most objects are pointers that are not set.
+        void* const value = isPointer(field.kind) ? load<void*>(record, field.offset)
+                                                  : readField(record, field, false);
         if (value == nullptr && m_skipUnset) continue;
         child = {tarnsymbols1::getChar(field.crc), field.type, value};
         return true;

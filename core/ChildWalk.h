@@ -26,7 +26,9 @@ public:
     /// Whether the object has no child names at all.
     bool empty() const { return m_childCount == 0; }
     /// Whether the one child is the object's own text, under the empty name.
-    bool isContent() const;
+    bool isContent() const { return m_isContent; }
+    /// Whether the object is an array, so that its children's names are numbers.
+    bool isArray() const { return m_isArray; }
 
     /// The next child; false behind the last.
     bool next(Child& child);
@@ -41,8 +43,13 @@ private:
     bool m_isContent;
     bool m_skipUnset;
     std::size_t m_childCount;
-    std::size_t m_position;          ///< of the next child, or of the next field in m_level
-    const ClassDescriptor* m_level;  ///< the level that is being visited
+    std::size_t m_position;  ///< of the next child; not used for fields
+
+    // The fields still to come of the level that is being visited.
+    const FieldDescriptor* m_field;
+    const FieldDescriptor* m_levelEnd;
+    const ClassDescriptor* m_level;
+
     std::vector<const char*> m_names;
 };
 

@@ -32,12 +32,17 @@ struct Record {
 enum class FieldKind : std::uint8_t {
     Object,        ///< pointer to a KORVASchemaTypeI
     Text,          ///< const char*
+    Binary,        ///< pointer to a KORVAXSBase64Binary
     Boolean,       ///< bool, with a no-value flag
     Int,           ///< int, with a no-value flag
     Float,         ///< float, with a no-value flag
-    Binary,        ///< pointer to a KORVAXSBase64Binary
     EmbeddedArray  ///< an array object in the record itself
 };
+
+/// Whether a field is a pointer, null while unset.
+constexpr bool isPointer(FieldKind kind) {
+    return kind <= FieldKind::Binary;
+}
 
 struct FieldDescriptor {
     std::uint32_t crc;         ///< of the wire name

@@ -1,5 +1,5 @@
 // Fills a request, binds it to an operation and prints its envelope.
-#include <brim/BRIMFileOutputStream.h>
+#include <brim/BRIMDescriptorOutputStream.h>
 #include <korva/KORVAAsynchRun_Request.h>
 #include <korva/KORVAHalyardHeader.h>
 #include <korva/KORVAPortTypeBinding.h>
@@ -9,8 +9,6 @@
 #include <korva/KORVAWarden.h>
 #include <korva/KORVAWardenPassport.h>
 #include <zel/ZELSmartPointer.h>
-
-#include <cstdio>
 
 int main() {
     const ZELSmartPointer<KORVAAsynchRun_Request> request(new KORVAAsynchRun_Request);
@@ -23,6 +21,6 @@ int main() {
     const KORVAPortTypeI& service = KORVAReportServicePortType::getInstance();
     const ZELSmartPointer<KORVAPortTypeBinding> call = service.createPortTypeBinding(request.get());
 
-    BRIMFileOutputStream out(stdout);
+    BRIMDescriptorOutputStream out(1); // standard output
     KORVASOAPMessageISerializer().serialize(*call, call->getInputMessage(), out);
 }
