@@ -109,6 +109,13 @@ TEST(MessageFactory, ListsTheParametersInDeclaredOrder) {
     EXPECT_EQ(end.type, KORVASchemaTypeI::e_Unknown);
 }
 
+TEST(MessageFactory, ListsAreThePublishedOnes) {
+    EXPECT_EQ(factory().getParameterTypes(KORVAMessageI::eKORVAAsynchRun_Request),
+              KORVAMessageFactory::g_KORVAAsynchRun_RequestParamDescriptor);
+    EXPECT_EQ(factory().getParameterTypes(KORVAMessageI::eKORVAAsynchRun_Reply),
+              KORVAMessageFactory::g_KORVAAsynchRun_ReplyParamDescriptor);
+}
+
 TEST(MessageFactory, ListsTheEndRowAloneForAMessageWithoutParameters) {
     const ParamDescriptor* const list =
         factory().getParameterTypes(KORVAMessageI::eKORVAMapGetMapInfo_Request);
