@@ -127,8 +127,16 @@ TEST(MessageAllocation, ParamFailsCleanly) {
     EXPECT_EQ(count, 1U);
 }
 
-TEST(BindingAllocation, ByTypeFailsCleanly) {
-    dispatcher();
+/// The port types themselves are made on first use, and stay.
+class BindingAllocation : public testing::Test {
+protected:
+    void SetUp() override {
+        dispatcher();
+        velmora();
+    }
+};
+
+TEST_F(BindingAllocation, ByTypeFailsCleanly) {
     const std::size_t count = forEachFailingAllocation([] {
         const Binding binding =
             dispatcher().createPortTypeBinding(KORVAMessageI::eKORVAAsynchRun_Request);
@@ -136,7 +144,7 @@ TEST(BindingAllocation, ByTypeFailsCleanly) {
     EXPECT_EQ(count, 5U);
 }
 
-TEST(BindingAllocation, ByMessagesFailsCleanly) {
+TEST_F(BindingAllocation, ByMessagesFailsCleanly) {
     KORVAAsynchRun_Request input;
     KORVAAsynchRun_Reply output;
     const std::size_t count = forEachFailingAllocation(
@@ -144,7 +152,7 @@ TEST(BindingAllocation, ByMessagesFailsCleanly) {
     EXPECT_EQ(count, 1U);
 }
 
-TEST(BindingAllocation, ByRequestFailsCleanlyAndLeavesAHeldRequest) {
+TEST_F(BindingAllocation, ByRequestFailsCleanlyAndLeavesAHeldRequest) {
     const Message input = new KORVAAsynchRun_Request;
     const std::size_t count = forEachFailingAllocation([&] {
         try {
@@ -157,7 +165,7 @@ TEST(BindingAllocation, ByRequestFailsCleanlyAndLeavesAHeldRequest) {
     EXPECT_EQ(count, 3U);
 }
 
-TEST(BindingAllocation, ByRequestEndsARequestThatNobodyHolds) {
+TEST_F(BindingAllocation, ByRequestEndsARequestThatNobodyHolds) {
     const std::size_t count = forEachFailingAllocation([] {
         const Binding binding = dispatcher().createPortTypeBinding(
             KORVAMessageFactory::getInstance().create(KORVAMessageI::eKORVAAsynchRun_Request));
@@ -165,7 +173,7 @@ TEST(BindingAllocation, ByRequestEndsARequestThatNobodyHolds) {
     EXPECT_EQ(count, 5U);
 }
 
-TEST(BindingAllocation, ByNameFailsCleanly) {
+TEST_F(BindingAllocation, ByNameFailsCleanly) {
     KORVAMessageParam requestID("requestID", Type::eKORVAGuid);
     KORVAMessageParam options("options", Type::eKORVARunOptionArray);
     const std::vector<KORVAMessageParam*> params = {&requestID, &options};
@@ -174,7 +182,7 @@ TEST(BindingAllocation, ByNameFailsCleanly) {
     EXPECT_EQ(count, 5U);
 }
 
-TEST(BindingAllocation, ByNameFailsCleanlyWhereATypeIsTried) {
+TEST_F(BindingAllocation, ByNameFailsCleanlyWhereATypeIsTried) {
     KORVAMessageParam param("specification", Type::eKORVAReportServiceReportSpecification);
     const std::vector<KORVAMessageParam*> params = {&param};
     const std::size_t count = forEachFailingAllocation([&] {
@@ -183,7 +191,7 @@ TEST(BindingAllocation, ByNameFailsCleanlyWhereATypeIsTried) {
     EXPECT_GT(count, 5U);
 }
 
-TEST(BindingAllocation, RefusalIsToldOrIsOutOfMemory) {
+TEST_F(BindingAllocation, RefusalIsToldOrIsOutOfMemory) {
     unsigned refused = 0;
     unsigned outOfMemory = 0;
     const std::size_t live = liveAllocations();
@@ -202,7 +210,7 @@ TEST(BindingAllocation, RefusalIsToldOrIsOutOfMemory) {
     EXPECT_EQ(liveAllocations(), live);
 }
 
-TEST(BindingAllocation, FailureInTheRequestLeavesNothing) {
+TEST_F(BindingAllocation, FailureInTheRequestLeavesNothing) {
     KORVAOptionArray notAPath;
     KORVAMessageParam param("objectPath", Type::eKORVASearchPathSingleObject, &notAPath);
     const std::vector<KORVAMessageParam*> params = {&param};
@@ -211,7 +219,7 @@ TEST(BindingAllocation, FailureInTheRequestLeavesNothing) {
     EXPECT_EQ(liveAllocations(), live);
 }
 
-TEST(BindingAllocation, AssertionsLeaveNothing) {
+TEST_F(BindingAllocation, AssertionsLeaveNothing) {
     const std::size_t live = liveAllocations();
     EXPECT_THROW(dispatcher().createPortTypeBinding(KORVAMessageI::eKORVA_Null_Request),
                  ZELAssertError);
