@@ -150,10 +150,14 @@ void XmlReader::runParser(BRIMInputStream& stream, ReadGuard& guard,
 
     ParserOwner owner(m_memory, guard);
     owner.run([&](Parser& parser) {
-        // The scanner that leaves document types out is faster, and gives the same events.
+        // The scanner that leaves document types out is faster, and gives the same events. Without
+        // a document type there is nothing to expand but the five predefined entities, and those
+        // it would count.
         if (lacksDoctype)
             parser.setProperty(XMLUni::fgXercesScannerName,
                                const_cast<XMLCh*>(XMLUni::fgWFXMLScanner));
+        else
+            parser.setProperty(XMLUni::fgXercesSecurityManager, &security);
         parser.setContentHandler(&guard);
         if (dtdHandler != nullptr) parser.setDTDHandler(dtdHandler);
         parser.setErrorHandler(&guard);
@@ -162,7 +166,6 @@ void XmlReader::runParser(BRIMInputStream& stream, ReadGuard& guard,
         parser.setFeature(XMLUni::fgSAX2CoreValidation, false);
         parser.setFeature(XMLUni::fgSAX2CoreNameSpaces, true);
         parser.setFeature(XMLUni::fgSAX2CoreNameSpacePrefixes, true);
-        parser.setProperty(XMLUni::fgXercesSecurityManager, &security);
         parser.parse(source);
     });
 }
