@@ -35,6 +35,7 @@
 #include <korva/KORVASimpleParmValueItem.h>
 #include <korva/KORVAStringArray.h>
 #include <korva/KORVAStringProp.h>
+#include <korva/KORVATokenProp.h>
 #include <korva/KORVATracking.h>
 #include <korva/KORVAWarden.h>
 #include <korva/KORVAWardenPassport.h>
