@@ -44,8 +44,7 @@ ObjectWriter::Frame::Frame(const Element& element, bool skipUnset)
       form(&element.form),
       name(element.name),
       level(element.level),
-      isArray(KORVASchemaTypesFactory::isArrayType(asObject(element.object).getObjectType())),
-      isMultiLine(isArray || !walk.isContent()),
+      isMultiLine(!walk.isContent()),
       isOpened(isMultiLine) {}
 
 ObjectWriter::ObjectWriter(BRIMOutputStream& stream, bool writeNullElements)
@@ -208,7 +207,7 @@ void ObjectWriter::writeNextChild() {
     // What the child is wins over what it was declared as.
     if (isGenerated && child.value != nullptr) child.type = asObject(child.value).getObjectType();
     const int level = frame.level + 1;
-    if (frame.isArray) {
+    if (frame.walk.isArray()) {
         writeElement({itemForm, {}, child.value, child.type, level}, false, false);
     } else if (isGenerated || *child.name != '\0') {
         if (!frame.isOpened) put(wire::typeEndsTag);

@@ -46,7 +46,6 @@ private:
         const wire::TagForm* form;
         std::string_view name;
         int level;
-        bool isArray;
         bool isMultiLine;
         bool isOpened;  ///< the start tag has its ">"
     };
