@@ -21,6 +21,6 @@ int main() {
     const KORVAPortTypeI& service = KORVAReportServicePortType::getInstance();
     const ZELSmartPointer<KORVAPortTypeBinding> call = service.createPortTypeBinding(request.get());
 
-    BRIMDescriptorOutputStream out(1); // standard output
+    BRIMDescriptorOutputStream out(1);  // standard output
     KORVASOAPMessageISerializer().serialize(*call, call->getInputMessage(), out);
 }
