@@ -11,9 +11,11 @@
 #include <zel/ZELByteBuffer.h>
 #include <zel/ZELFrame.h>
 
+#include <stdexcept>
+
 using Factory = KORVASchemaTypesFactory;
 
-void korva::throwInvalidSubscript() {
+void KORVA_ArrayObject::throwInvalidSubscript() {
     throw std::out_of_range("invalid vector<T> subscript");
 }
 
@@ -22,7 +24,7 @@ KORVA_ArrayObject::~KORVA_ArrayObject() = default;
 void* KORVA_ArrayObject::getChildObject(const char* name, bool) {
     ZEL_ASSERT(name);
     const std::size_t index = KORVAChildIndex::toIndex(name);
-    if (index > size()) korva::throwInvalidSubscript();
+    if (index > size()) throwInvalidSubscript();
     return slot(index - 1);
 }
 

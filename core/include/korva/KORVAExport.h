@@ -8,8 +8,11 @@
 #else
 #define KORVA_EXPORT __declspec(dllimport)
 #endif
+#define KORVA_LOCAL
 #else
 #define KORVA_EXPORT __attribute__((visibility("default")))
+/// A member of an exported class that is not exported itself.
+#define KORVA_LOCAL __attribute__((visibility("hidden")))
 #endif
 
 /// The contract between the core and what korva-schemac writes; each generated file checks it.

@@ -26,5 +26,5 @@ private:
     // Not virtual: the one instance is never destroyed.
     ~KORVAObjectRegistryFactory() = default;
 
-    static KORVAObjectRegistryFactory g_instance;
+    KORVA_LOCAL static KORVAObjectRegistryFactory g_instance;
 };

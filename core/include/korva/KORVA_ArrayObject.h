@@ -3,16 +3,11 @@
 
 #include <korva/KORVASchemaTypeArrayI.h>
 
-#include <stdexcept>
-
 class KORVAObjectRegistryI;
 
 namespace korva {
 class ArrayAccess;
-
-/// @throws std::out_of_range always
-[[noreturn]] KORVA_EXPORT void throwInvalidSubscript();
-}  // namespace korva
+}
 
 /// The implementation behind every array of the schema: it answers the reflective contract through
 /// the typed storage of the class derived from it. An array owns its storage, not its elements.
@@ -45,6 +40,9 @@ public:
 
 protected:
     KORVA_ArrayObject() = default;
+
+    /// @throws std::out_of_range always
+    [[noreturn]] static void throwInvalidSubscript();
 
     /// Replaces the elements by deep copies of those of `other`, an array of the same class.
     void copyElements(const KORVA_ArrayObject& other, KORVAObjectRegistryI& registry);

@@ -44,7 +44,7 @@ protected:
     ~KORVA_TypedArray() override = default;
 
     void check(std::size_t i) const {
-        if (i >= m_vector.size()) korva::throwInvalidSubscript();
+        if (i >= m_vector.size()) this->throwInvalidSubscript();
     }
 
     std::vector<Element> m_vector;

@@ -26,5 +26,5 @@ private:
     // Not virtual: the one instance is never destroyed.
     ~KORVAObjectSerializerFactory() = default;
 
-    static KORVAObjectSerializerFactory g_instance;
+    KORVA_LOCAL static KORVAObjectSerializerFactory g_instance;
 };

@@ -27,5 +27,5 @@ private:
     // Not virtual: the one instance is never destroyed.
     ~KORVASOAPMessageIDeserializerFactory() = default;
 
-    static KORVASOAPMessageIDeserializerFactory g_instance;
+    KORVA_LOCAL static KORVASOAPMessageIDeserializerFactory g_instance;
 };

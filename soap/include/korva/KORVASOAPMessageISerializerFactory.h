@@ -26,5 +26,5 @@ private:
     // Not virtual: the one instance is never destroyed.
     ~KORVASOAPMessageISerializerFactory() = default;
 
-    static KORVASOAPMessageISerializerFactory g_instance;
+    KORVA_LOCAL static KORVASOAPMessageISerializerFactory g_instance;
 };

@@ -26,5 +26,5 @@ private:
     // Not virtual: the one instance is never destroyed.
     ~KORVAXMLDeserializerFactory() = default;
 
-    static KORVAXMLDeserializerFactory g_instance;
+    KORVA_LOCAL static KORVAXMLDeserializerFactory g_instance;
 };
