@@ -1,3 +1,5 @@
+#include "platform/brim/ZlibMemory.h"
+
 #include <brim/BRIMGZIPInputStream.h>
 #include <brim/BRIMStreamError.h>
 #include <zel/ZELFrame.h>
@@ -11,22 +13,10 @@
 #include <new>
 #include <string>
 
-namespace {
-
-voidpf allocate(voidpf, uInt items, uInt size) {
-    return ::operator new(static_cast<std::size_t>(items) * size, std::nothrow);
-}
-
-void release(voidpf, voidpf memory) {
-    ::operator delete(memory);
-}
-
-}  // namespace
-
 struct BRIMGZIPInputStream::Inflater {
     Inflater() {
-        zip.zalloc = allocate;
-        zip.zfree = release;
+        zip.zalloc = brim::allocateForZlib;
+        zip.zfree = brim::releaseForZlib;
         // The largest window; 16 stands for gzip's header and trailer, and for no other form.
         if (inflateInit2(&zip, MAX_WBITS + 16) != Z_OK) throw std::bad_alloc();
     }
@@ -40,12 +30,15 @@ struct BRIMGZIPInputStream::Inflater {
         if (count <= 0) return false;
         zip.next_in = reinterpret_cast<Bytef*>(buffer);
         zip.avail_in = static_cast<uInt>(count);
+        given += static_cast<unsigned long long>(count);
         return true;
     }
 
     z_stream zip{};
     bool inMember = true;  ///< a stream without any member is cut short
     const char* failure = nullptr;
+    unsigned long long given = 0;     ///< by the wrapped stream, `zip.avail_in` not yet looked at
+    unsigned long long expanded = 0;  ///< and handed out
     char buffer[16384];
 };
 
@@ -94,5 +87,14 @@ long long BRIMGZIPInputStream::read(char* buffer, std::size_t size) {
                 break;
         }
     }
+    m_inflater->expanded += room - zip.avail_out;
     return room - zip.avail_out;
+}
+
+unsigned long long BRIMGZIPInputStream::compressedBytes() const noexcept {
+    return m_inflater->given - m_inflater->zip.avail_in;
+}
+
+unsigned long long BRIMGZIPInputStream::expandedBytes() const noexcept {
+    return m_inflater->expanded;
 }

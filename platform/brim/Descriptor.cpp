@@ -4,8 +4,16 @@
 #include <cerrno>
 
 #if defined(_WIN32)
+#include <fcntl.h>
 #include <io.h>
+#include <share.h>
+#include <stdlib.h>
+#include <sys/stat.h>
+#include <wchar.h>
 #else
+#include <cstdlib>
+#include <cstring>
+#include <fcntl.h>
 #include <unistd.h>
 #endif
 
@@ -24,6 +32,12 @@ long long writeOnce(int descriptor, const char* bytes, std::size_t length) noexc
 int closeOnce(int descriptor) noexcept {
     return ::_close(descriptor);
 }
+long long readAtOnce(int descriptor, unsigned long long offset, char* buffer,
+                     std::size_t size) noexcept {
+    if (::_lseeki64(descriptor, static_cast<long long>(offset), SEEK_SET) < 0) return -1;
+    const long long count = readOnce(descriptor, buffer, size);
+    return ::_lseeki64(descriptor, 0, SEEK_END) < 0 ? -1 : count;
+}
 #else
 long long readOnce(int descriptor, char* buffer, std::size_t size) noexcept {
     return ::read(descriptor, buffer, size);
@@ -33,6 +47,10 @@ long long writeOnce(int descriptor, const char* bytes, std::size_t length) noexc
 }
 int closeOnce(int descriptor) noexcept {
     return ::close(descriptor);
+}
+long long readAtOnce(int descriptor, unsigned long long offset, char* buffer,
+                     std::size_t size) noexcept {
+    return ::pread(descriptor, buffer, size, static_cast<off_t>(offset));
 }
 #endif
 
@@ -56,6 +74,48 @@ bool brim::writeDescriptor(int descriptor, const char* bytes, std::size_t length
         length -= static_cast<std::size_t>(count);
     }
     return true;
+}
+
+#if defined(_WIN32)
+int brim::openTemporaryDescriptor() noexcept {
+    wchar_t* const path = ::_wtempnam(nullptr, L"brim");
+    if (path == nullptr) return -1;
+    int descriptor = -1;
+    // The system deletes the file when its last descriptor is closed.
+    ::_wsopen_s(&descriptor, path,
+                _O_CREAT | _O_EXCL | _O_RDWR | _O_BINARY | _O_TEMPORARY | _O_NOINHERIT, _SH_DENYNO,
+                _S_IREAD | _S_IWRITE);
+    ::free(path);
+    return descriptor;
+}
+#else
+int brim::openTemporaryDescriptor() noexcept {
+    const char* folder = std::getenv("TMPDIR");
+    if (folder == nullptr || *folder == '\0') folder = "/tmp";
+    char path[4096];
+    constexpr char name[] = "/brim-XXXXXX";
+    const std::size_t length = std::strlen(folder);
+    if (length > sizeof path - sizeof name) {
+        errno = ENAMETOOLONG;
+        return -1;
+    }
+    std::memcpy(path, folder, length);
+    std::memcpy(path + length, name, sizeof name);
+    const int descriptor = ::mkstemp(path);
+    if (descriptor < 0) return -1;
+    ::unlink(path);
+    ::fcntl(descriptor, F_SETFD, FD_CLOEXEC);
+    return descriptor;
+}
+#endif
+
+long long brim::readDescriptorAt(int descriptor, unsigned long long offset, char* buffer,
+                                 std::size_t size) noexcept {
+    for (;;) {
+        const long long count =
+            readAtOnce(descriptor, offset, buffer, std::min(size, largestStep));
+        if (count >= 0 || errno != EINTR) return count;
+    }
 }
 
 bool brim::closeDescriptor(int descriptor) noexcept {
