@@ -1,16 +1,52 @@
 #include "core/EnumWords.h"
 #include "core/Names.h"
-#include "core/NumberedError.h"
 
+#include <i18n/KORVAMessageId.h>
+#include <korva/KORVAException.h>
 #include <korva/KORVASchemaTypesFactory.h>
+#include <korva/KORVAZELMessage.h>
 #include <korva/KORVA_EnumObject.h>
+#include <zel/I18NString.h>
 #include <zel/ZELAssert.h>
 #include <zel/ZELByteBuffer.h>
 #include <zel/ZELFrame.h>
+#include <zel/ZELMessageParm.h>
+#include <zel/ZELThrow.h>
 
 #include <string>
 
 namespace korva {
+
+namespace {
+
+// Where a deployment adds the words that it knows.
+constexpr const char* enumsFile = "schema/enums.xsd";
+
+std::string openValues(const EnumDescriptor& descriptor) {
+    return descriptor.openCount < 0 ? "some" : std::to_string(descriptor.openCount);
+}
+
+// An open enumeration gets a second message: the word may well be right, and only missing here.
+[[noreturn]] void refuseWord(const char* name, const EnumDescriptor& descriptor) {
+    KORVAException exception(0);
+    ZEL_TRY {
+        KORVAZELMessage unknown(eKORVA_UnknownEnumValue);
+        const std::string text = std::string(descriptor.xmlName) + ':' + name;
+        unknown << ZELMessageParm(I18NString(text.c_str()));
+        exception << unknown;
+        if (descriptor.openCount != 0) {
+            KORVAZELMessage open(eKORVA_OpenEnum);
+            open << ZELMessageParm(I18NString(descriptor.xmlName))
+                 << ZELMessageParm(I18NString(openValues(descriptor).c_str()))
+                 << ZELMessageParm(I18NString(enumsFile));
+            exception << open;
+        }
+    }
+    ZEL_CATCH("_stringToEnum()")
+    exception.hurl(ZEL_LOCATION, "_stringToEnum()", "ZEL_THROW");
+}
+
+}  // namespace
 
 int stringToEnum(const char* name, const EnumDescriptor& descriptor) {
     ZEL_ASSERT(name);
@@ -18,14 +54,7 @@ int stringToEnum(const char* name, const EnumDescriptor& descriptor) {
     const std::uint32_t crc = nameCrc(name);
     for (std::size_t i = 0; i < descriptor.entryCount; ++i)
         if (descriptor.entries[i].crc == crc) return descriptor.entries[i].value;
-    std::string text;
-    ZEL_TRY {
-        text = descriptor.xmlName;
-        text += ':';
-        text += name;
-    }
-    ZEL_CATCH(nullptr)
-    KORVA_RAISE(0xEA45DC29U, "_stringToEnum()", text.c_str());
+    refuseWord(name, descriptor);
 }
 
 const char* enumToString(int value, const EnumDescriptor& descriptor) {

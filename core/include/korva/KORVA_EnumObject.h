@@ -22,7 +22,8 @@ public:
     ObjectType getChildType(const char* name) const override;
     /// Sets the value by the word in the ZELByteBuffer `obj`, whatever the name.
     /// @throws ZELAssertError `name` or `obj` is null
-    /// @throws KORVAException 0xEA45DC29: unknown word; 0xEA47C21F: `type` is no text
+    /// @throws KORVAException 0xEA45DC29: unknown word, with a second message 0xEA4F0003 if the
+    ///     enumeration is open; 0xEA47C21F: `type` is no text
     std::size_t setChildObject(const char* name, void* obj, const ObjectType& type,
                                std::size_t* idx) override;
     void getChildObjectNames(std::vector<const char*>& names, bool reserve) const override;
