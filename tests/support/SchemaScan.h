@@ -1,0 +1,63 @@
+/// What the schema files say, read by other means than the library's own.
+#pragma once
+
+#include <korva/KORVASchemaTypeI.h>
+
+#include <map>
+#include <string>
+#include <vector>
+
+namespace korva::test {
+
+struct SchemaField {
+    std::string name;
+    std::string type;  ///< as it stands: "bus:schedule", "xs:int"
+};
+
+struct SchemaType {
+    enum Family { eClass, eArray, eEnum, eRestrictedString };
+
+    Family family;
+    bool isAbstract = false;
+    std::string base;                 ///< classes and properties, without prefix; may be empty
+    std::vector<SchemaField> fields;  ///< own fields in declared order
+    std::string element;              ///< arrays: "bus:schedule", "xs:int"
+    std::vector<std::string> words;   ///< enumerations, in declared order
+};
+
+/// All types of the XSD files, each under its XML name.
+class Schema {
+public:
+    using Types = std::map<std::string, SchemaType>;
+
+    explicit Schema(Types types);
+
+    Types::const_iterator begin() const { return m_types.begin(); }
+    Types::const_iterator end() const { return m_types.end(); }
+    std::size_t size() const { return m_types.size(); }
+    const SchemaType& at(const std::string& name) const { return m_types.at(name); }
+
+    /// The concrete types that can stand where a type is declared: the type itself, or those below
+    /// an abstract type, the one with the fewest fields first.
+    const std::vector<std::string>& concreteNames(KORVASchemaTypeI::ObjectType type) const {
+        return m_concrete.at(type);
+    }
+
+private:
+    Types m_types;
+    std::map<KORVASchemaTypeI::ObjectType, std::vector<std::string>> m_concrete;
+};
+
+/// Reads all types of the XSD files in `directory`, but for those of the SOAP encoding.
+Schema scanSchema(const std::string& directory);
+
+/// The fields of all bases, root first, and then those of the type.
+std::vector<SchemaField> allFields(const Schema& schema, const std::string& name);
+
+/// The identity that a type of the schema files has: zlib's CRC-32 for "bus:" types.
+KORVASchemaTypeI::ObjectType identityOf(const std::string& type);
+
+/// "KORVASchedule" for "schedule".
+std::string classNameOf(const std::string& xmlName);
+
+}  // namespace korva::test
