@@ -98,6 +98,12 @@ ObjectFiller::ObjectFiller(const Schema& schema, Registry registry, FillerValues
                            int deepest)
     : m_schema(schema), m_registry(std::move(registry)), m_values(values), m_deepest(deepest) {}
 
+KORVASchemaTypeI& ObjectFiller::create(const std::string& xmlName) {
+    KORVASchemaTypeI* const object = Factory::getInstance().create(identityOf("bus:" + xmlName));
+    m_registry->registerPointer(object);
+    return *object;
+}
+
 KORVASchemaTypeI& ObjectFiller::makeEmpty(Type type) {
     return create(m_schema.concreteNames(type).front());
 }
