@@ -18,6 +18,8 @@
 #include <cstring>
 #include <new>
 
+using korva::ReadingContext;
+
 namespace {
 
 constexpr const char* startElementLabel = "KORVAMessageIContentHandler::startElement";
@@ -29,11 +31,12 @@ bool isOfEnvelope(const XMLCh* uri) {
 }  // namespace
 
 KORVAMessageIContentHandler::KORVAMessageIContentHandler(I18NConverter& converter)
-    : KORVAContentHandler(converter){
-          ZEL_TRY{m_inScopePrefixMappings = std::make_unique<KORVANamespaceMapping>();
-m_context = std::make_unique<korva::ReadingContext>();
-}
-ZEL_CATCH("KORVAMessageIContentHandler::KORVAMessageIContentHandler")
+    : KORVAContentHandler(converter) {
+    try {
+        m_inScopePrefixMappings.reset(new KORVANamespaceMapping);
+        m_context.reset(new ReadingContext);
+    }
+    ZEL_CATCH("KORVAMessageIContentHandler::KORVAMessageIContentHandler")
 }
 
 KORVAMessageIContentHandler::KORVAMessageIContentHandler(

@@ -7,13 +7,16 @@
 #include <zel/ZELAssert.h>
 #include <zel/ZELFrame.h>
 
+using korva::XmlReader;
+
 KORVASOAPMessageIDeserializerI::~KORVASOAPMessageIDeserializerI() = default;
 
 KORVASOAPMessageIDeserializer::KORVASOAPMessageIDeserializer()
-    : m_header(nullptr),
-      m_attachmentHandler(nullptr){ZEL_TRY{m_reader = std::make_unique<korva::XmlReader>();
-}
-ZEL_CATCH("KORVASOAPMessageIDeserializer::KORVASOAPMessageIDeserializer")
+    : m_header(nullptr), m_attachmentHandler(nullptr) {
+    try {
+        m_reader.reset(new XmlReader);
+    }
+    ZEL_CATCH("KORVASOAPMessageIDeserializer::KORVASOAPMessageIDeserializer")
 }
 
 KORVASOAPMessageIDeserializer::~KORVASOAPMessageIDeserializer() = default;

@@ -16,9 +16,11 @@
 #include <korva/KORVA_String.h>
 #include <zel/I18NConverter.h>
 #include <zel/ZELAssert.h>
+#include <zel/ZELFrame.h>
 
 #include <cstring>
 
+using korva::ReadingContext;
 using Factory = KORVASchemaTypesFactory;
 
 namespace {
@@ -63,6 +65,13 @@ Value* makeRegistered(KORVAObjectRegistryI& registry, Arguments... arguments) {
     return value.release();
 }
 
+ReadingContext* makeContext() {
+    try {
+        return new ReadingContext;
+    }
+    ZEL_CATCH("KORVASchemaTypeIContentHandler::KORVASchemaTypeIContentHandler")
+}
+
 std::string_view view(const ZELByteBuffer& buffer) {
     return {buffer.str(), buffer.pcount()};
 }
@@ -94,7 +103,7 @@ KORVASchemaTypeIContentHandler::KORVASchemaTypeIContentHandler(
     : KORVAContentHandler(converter),
       m_inScopePrefixesToNamespaceMappings(namespaceMapping),
       m_objectRegistry(registry),
-      m_ownContext(std::make_unique<korva::ReadingContext>()),
+      m_ownContext(makeContext()),
       m_context(m_ownContext.get()),
       m_resultSlot(resultSlot) {}
 
@@ -134,6 +143,8 @@ void* KORVASchemaTypeIContentHandler::getParamValue() {
     if (m_unknownDepth > 0 || m_objStack.empty()) return nullptr;
     Entry& param = m_objStack.back();
     setCurrentCharacterData(param);
+    // The end of a text or binary is not told here, so there is no later place for this.
+    if (Factory::isString(param.type) || Factory::isBase64(param.type)) requireAttachmentHandler();
     return param.value;
 }
 
@@ -349,10 +360,11 @@ void KORVASchemaTypeIContentHandler::setOnParent(Entry& child) {
         parent->setChildObject(child.name, value, child.type, nullptr);
     }
     // The position that setChildObject gives is what a reference will be filled by.
-    if (m_hasContentId)
-        ZEL_ASSERT_NAMED(m_attachmentHandler,
-                         "KORVASchemaTypeIContentHandler::endElement - Handler not configured to "
-                         "process href attachments. );");
+    if (m_hasContentId) {
+        // clang-format off
+        ZEL_ASSERT_NAMED(m_attachmentHandler, "KORVASchemaTypeIContentHandler::endElement - Handler not configured to process href attachments. );");
+        // clang-format on
+    }
 }
 
 // ----- text -----
@@ -465,10 +477,15 @@ void KORVASchemaTypeIContentHandler::setContent(Entry& param) {
         }
     }
     m_hasText = false;
-    if (m_hasContentId)
-        ZEL_ASSERT_NAMED(m_attachmentHandler,
-                         "KORVASchemaTypeIContentHandler::setCurrentCharacterData - Handler not "
-                         "configured to process href attachments. );");
+    requireAttachmentHandler();
+}
+
+/// A reference that nobody would be told of must not get lost.
+void KORVASchemaTypeIContentHandler::requireAttachmentHandler() const {
+    if (!m_hasContentId) return;
+    // clang-format off
+    ZEL_ASSERT_NAMED(m_attachmentHandler, "KORVASchemaTypeIContentHandler::setCurrentCharacterData - Handler not configured to process href attachments. );");
+    // clang-format on
 }
 
 // ----- documents and prefixes -----

@@ -7,12 +7,15 @@
 #include <korva/KORVAXMLDeserializer.h>
 #include <zel/ZELFrame.h>
 
+using korva::XmlReader;
+
 KORVAXMLDeserializerI::~KORVAXMLDeserializerI() = default;
 
-KORVAXMLDeserializer::KORVAXMLDeserializer(){
-    ZEL_TRY{m_reader = std::make_unique<korva::XmlReader>();
-}
-ZEL_CATCH("KORVAXMLDeserializer::KORVAXMLDeserializer")
+KORVAXMLDeserializer::KORVAXMLDeserializer() {
+    try {
+        m_reader.reset(new XmlReader);
+    }
+    ZEL_CATCH("KORVAXMLDeserializer::KORVAXMLDeserializer")
 }
 
 KORVAXMLDeserializer::~KORVAXMLDeserializer() = default;

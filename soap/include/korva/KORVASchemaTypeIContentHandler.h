@@ -31,7 +31,7 @@ struct ReadingContext;
 /// simple value), 0xEA4BCA5D (item of a wrong type), 0xEA4B8476 (element twice), 0xEA4BA852,
 /// 0xEA4CB90C, 0xEA48385C, 0xEA4BD4DB and 0xEA487D84 (types), 0xEA407F89 (text of a simple value),
 /// and what the objects raise when a child is set. References to attachments end in an assertion
-/// while there is no attachment handler.
+/// while there is no attachment handler. std::bad_alloc passes to whoever hands in the events.
 class KORVA_EXPORT KORVASchemaTypeIContentHandler : public KORVAContentHandler {
 public:
     using ObjectType = KORVASchemaTypeI::ObjectType;
@@ -44,7 +44,7 @@ public:
     /// @param expectedType the declared type; with e_Unknown an element that does not tell its type
     ///     is skipped whole
     /// @throws KORVAException, ZELAssertError as told above; also for an empty `localName`
-    /// @throws ZELOutOfMemoryError no memory is left
+    /// @throws ZELOutOfMemoryError, std::bad_alloc no memory is left
     KORVASchemaTypeIContentHandler(const XMLCh* localName, const xercesc::Attributes& attributes,
                                    KORVANamespaceMapping* namespaceMapping,
                                    KORVAObjectRegistryI* registry, I18NConverter& converter,
@@ -130,6 +130,7 @@ private:
     void setNumber(Entry& param);
     void setBase64(Entry& param);
     void setContent(Entry& param);
+    void requireAttachmentHandler() const;
     KORVA_String* takeText();
     void setOnParent(Entry& child);
 
