@@ -1,0 +1,129 @@
+// Reading with each allocation failing in turn.
+#include "tests/soap/Reading.h"
+#include "tests/support/AllocationFailure.h"
+#include "tests/support/ForEachFailingAllocation.h"
+
+#include <korva/KORVANamespaceMapping.h>
+#include <korva/KORVASOAPMessageIDeserializerFactory.h>
+#include <korva/KORVAXMLDeserializerFactory.h>
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace {
+
+using korva::test::Binding;
+using korva::test::document;
+using korva::test::DocumentReader;
+using korva::test::forEachFailingAllocation;
+using korva::test::makeCall;
+using korva::test::operation;
+using korva::test::readReply;
+using korva::test::readRequest;
+
+const std::string& header() {
+    static const std::string& text = *new std::string(
+        "<bus:halyardHeader xsi:type=\"bus:halyardHeader\"><Warden><authenticityToken>AAEC"
+        "</authenticityToken><roles><item>r\xC3\xA4</item></roles></Warden></bus:halyardHeader>");
+    return text;
+}
+
+const std::string& request() {
+    static const std::string& text = *new std::string(operation(
+        "run",
+        "<objectPath>/a</objectPath><parameterValues><item><name>p</name><value>"
+        "<x xsi:type=\"bus:simpleParmValueItem\"><use>7</use></x></value></item></parameterValues>",
+        header()));
+    return text;
+}
+
+TEST(ReadingAllocation, AFailureAtAServerLeavesNothingBehind) {
+    EXPECT_GT(forEachFailingAllocation([] { readRequest(request()); }), 30U);
+}
+
+TEST(ReadingAllocation, AFailureAtAClientLeavesNothingBehind) {
+    const std::string text =
+        operation("runResponse", "<result><status>complete</status></result>", header());
+    EXPECT_GT(forEachFailingAllocation([&] {
+                  const Binding call = makeCall(KORVAMessageI::eKORVAAsynchRun_Request);
+                  readReply(*call, text);
+              }),
+              30U);
+}
+
+TEST(ReadingAllocation, AFailureInADocumentLeavesNothingBehind) {
+    const std::string text = document("bus:provider", "<name>n</name><patch>1</patch>");
+    EXPECT_GT(forEachFailingAllocation([&] { DocumentReader().read(text); }), 20U);
+}
+
+TEST(ReadingAllocation, AFailureInADocumentTypeLeavesNothingBehind) {
+    const std::string text = "<!DOCTYPE e [<!ENTITY a 'x'><!ENTITY b SYSTEM 'urn:b'>]>" +
+                             operation("run", "<objectPath>&a;&b;</objectPath>");
+    EXPECT_GT(forEachFailingAllocation([&] { readRequest(text); }), 30U);
+}
+
+TEST(ReadingAllocation, ADeserializerServesOnAfterEachFailure) {
+    KORVASOAPMessageIDeserializer kept;
+    for (std::size_t n = 1;; ++n) {
+        // One that has to get its parser's memory first, and one that has it already.
+        KORVASOAPMessageIDeserializer fresh;
+        bool happened = false;
+        for (KORVASOAPMessageIDeserializer* const deserializer : {&kept, &fresh}) {
+            {
+                const korva::test::AllocationFailure failure(n);
+                try {
+                    readRequest(*deserializer, request());
+                } catch (const ZELOutOfMemoryError&) {
+                    EXPECT_TRUE(failure.happened());
+                }
+                happened = happened || failure.happened();
+            }
+            EXPECT_STREQ(readRequest(*deserializer, request())->getOperationName(), "run") << n;
+        }
+        if (!happened) break;
+    }
+}
+
+TEST(ReadingAllocation, AFailureWhileAFailureIsToldLeavesNothingBehind) {
+    // Either may come out: what was to be told, or that there is no memory for it.
+    const std::string text = operation("run", "<objectPath xsi:type=\"bus:folder\"/>");
+    for (std::size_t n = 1;; ++n) {
+        const std::size_t live = korva::test::liveAllocations();
+        bool happened = false;
+        {
+            const korva::test::AllocationFailure failure(n);
+            EXPECT_THROW(readRequest(text), ZELThrowable) << n;
+            happened = failure.happened();
+        }
+        EXPECT_EQ(korva::test::liveAllocations(), live) << n;
+        if (!happened) break;
+    }
+}
+
+TEST(ReadingAllocation, TheFactoriesTellOfMissingMemory) {
+    forEachFailingAllocation([] {
+        auto& factory = KORVASOAPMessageIDeserializerFactory::getInstance();
+        factory.destroy(factory.create());
+    });
+    forEachFailingAllocation([] {
+        auto& factory = KORVAXMLDeserializerFactory::getInstance();
+        factory.destroy(factory.create());
+    });
+}
+
+TEST(ReadingAllocation, AMappingTakesNothingWhenItCannotGrow) {
+    KORVANamespaceMapping mapping;
+    char* prefix = new char[2]{'p', '\0'};
+    char* uri = new char[2]{'u', '\0'};
+    {
+        const korva::test::AllocationFailure failure(1);
+        EXPECT_THROW(mapping.add(prefix, uri), ZELOutOfMemoryError);
+    }
+    ASSERT_NE(prefix, nullptr);
+    EXPECT_EQ(mapping.size(), 0U);
+    mapping.add(prefix, uri);
+    EXPECT_STREQ(mapping.getNamespace("p"), "u");
+}
+
+}  // namespace
