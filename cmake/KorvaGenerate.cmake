@@ -59,6 +59,23 @@ function(korva_generate)
         COMMENT "Taking up the generated files"
         VERBATIM)
     add_custom_target(korva_generated DEPENDS ${outputs} ${copies})
+    korva_add_vocabulary("${compiler}")
+endfunction()
+
+# korva_add_vocabulary(<compiler>)
+#
+# The target that renews docs/vocabulary.md, which is kept in the tree to be read there.
+function(korva_add_vocabulary compiler)
+    set(schema "${PROJECT_SOURCE_DIR}/schema")
+    set(arguments --schema "${schema}/bus.xsd")
+    foreach(name IN LISTS KORVA_WSDL_FILES)
+        list(APPEND arguments --wsdl "${schema}/${name}")
+    endforeach()
+    add_custom_target(
+        vocabulary
+        COMMAND "${compiler}" ${arguments} --docs "${PROJECT_SOURCE_DIR}/docs/vocabulary.md"
+        COMMENT "Writing docs/vocabulary.md"
+        VERBATIM)
 endfunction()
 
 # korva_use_generated(<target> <room>...)

@@ -92,8 +92,8 @@ TEST_F(CompilerRun, WritesTheVocabularyAsAText) {
     ASSERT_EQ(runWith(sampleArguments({"--docs", docs})).status, 0);
     EXPECT_EQ(written(), std::set<std::string>{"docs/vocabulary.md"});
     const std::string text = contentOf(docs);
-    EXPECT_NE(text.find("- `accessEnum`: `deny`\n"), std::string::npos);
-    EXPECT_NE(text.find("- `accessEnum`: 2 words\n"), std::string::npos);
+    EXPECT_NE(text.find("- [`accessEnum`](#accessenum): `deny`\n"), std::string::npos);
+    EXPECT_NE(text.find("- [`accessEnum`](#accessenum): 2 words, beside "), std::string::npos);
 }
 
 TEST_F(CompilerRun, TellsWhenAFileCannotBeWritten) {
