@@ -120,8 +120,9 @@ TEST(Vocabulary, FactoryKnowsEveryTypeByNameAndNumber) {
 
 TEST(Vocabulary, AbstractTypesCannotBeCreated) {
     std::size_t count = 0;
-    for (const auto& [name, type] : schema()) {
-        if (!type.isAbstract) continue;
+    for (const auto& row : schema()) {
+        const std::string& name = row.first;
+        if (!row.second.isAbstract) continue;
         EXPECT_NUMBERED(factory().create(identity(name)), 0xEA47EC7BU,
                         "KORVASchemaTypesFactory::create()", "bus:" + name);
         ++count;
