@@ -34,6 +34,10 @@ TEST(Enum, ValuesAreTheCrcsOfTheWords) {
     EXPECT_EQ(Severity::eKOVRAUninitialized, 0);
 }
 
+TEST(Enum, ObjectHoldsOneWordOfData) {
+    EXPECT_LE(sizeof(Severity), 2 * sizeof(void*));
+}
+
 TEST(Enum, WordsBecomeValuesAndBack) {
     for (const char* const word : {"debug", "error", "fatal", "info", "warn"}) {
         const Severity::Enum value = Severity::stringToEnum(word);
