@@ -1,0 +1,94 @@
+#include "platform/halyard/multipart/FieldValue.h"
+
+#include "platform/halyard/multipart/Failure.h"
+
+#include <algorithm>
+
+namespace halyard {
+
+namespace {
+
+char lower(char c) noexcept {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+bool isBlank(char c) noexcept {
+    return c == ' ' || c == '\t';
+}
+
+[[noreturn]] void refuseParameters() {
+    refuse("the parameters of a Content-Type are malformed", ZEL_LOCATION, "halyard::parameterOf");
+}
+
+/// Takes the quoted text at the front of `rest`, whose quote was taken.
+std::string takeQuoted(std::string_view& rest) {
+    std::string text;
+    for (std::size_t i = 0; i < rest.size(); ++i) {
+        if (rest[i] == '"') {
+            rest.remove_prefix(i + 1);
+            return text;
+        }
+        if (rest[i] == '\\' && i + 1 < rest.size()) ++i;
+        text += rest[i];
+    }
+    refuseParameters();
+}
+
+}  // namespace
+
+bool equalsIgnoringCase(std::string_view left, std::string_view right) noexcept {
+    return std::equal(left.begin(), left.end(), right.begin(), right.end(),
+                      [](char a, char b) { return lower(a) == lower(b); });
+}
+
+std::string_view trimmed(std::string_view text) noexcept {
+    while (!text.empty() && isBlank(text.front()))
+        text.remove_prefix(1);
+    while (!text.empty() && isBlank(text.back()))
+        text.remove_suffix(1);
+    return text;
+}
+
+std::string_view withoutBrackets(std::string_view id) noexcept {
+    if (!id.empty() && id.front() == '<') id.remove_prefix(1);
+    if (!id.empty() && id.back() == '>') id.remove_suffix(1);
+    return id;
+}
+
+std::string_view valueOf(std::string_view field) noexcept {
+    return trimmed(field.substr(0, field.find(';')));
+}
+
+std::optional<std::string> parameterOf(std::string_view field, std::string_view name) {
+    const std::size_t first = field.find(';');
+    std::string_view rest = first != std::string_view::npos ? field.substr(first) : "";
+    for (;;) {
+        rest = trimmed(rest);
+        if (rest.empty()) return std::nullopt;
+        if (rest.front() != ';') refuseParameters();
+        rest = trimmed(rest.substr(1));
+        // A semicolon at the end is common, and harmless.
+        if (rest.empty()) return std::nullopt;
+        const std::size_t equals = rest.find('=');
+        if (equals == std::string_view::npos) refuseParameters();
+        const std::string_view found = trimmed(rest.substr(0, equals));
+        rest = trimmed(rest.substr(equals + 1));
+        std::string value;
+        if (!rest.empty() && rest.front() == '"') {
+            rest.remove_prefix(1);
+            value = takeQuoted(rest);
+        } else {
+            const std::size_t length = std::min(rest.find_first_of("; \t"), rest.size());
+            value = rest.substr(0, length);
+            rest.remove_prefix(length);
+        }
+        if (equalsIgnoringCase(found, name)) return value;
+    }
+}
+
+bool hasControlCharacter(std::string_view text) noexcept {
+    return std::any_of(text.begin(), text.end(),
+                       [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '\x7F'; });
+}
+
+}  // namespace halyard

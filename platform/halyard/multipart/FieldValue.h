@@ -1,0 +1,29 @@
+/// What stands in a header field of a message.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace halyard {
+
+/// Whether two texts are the same but for the case of their ASCII letters.
+bool equalsIgnoringCase(std::string_view left, std::string_view right) noexcept;
+
+/// Without the blanks and tabs around it.
+std::string_view trimmed(std::string_view text) noexcept;
+
+/// Without one angle bracket at each end, where there is one.
+std::string_view withoutBrackets(std::string_view id) noexcept;
+
+/// What stands before the parameters: "text/xml" of `text/xml; charset="UTF-8"`.
+std::string_view valueOf(std::string_view field) noexcept;
+
+/// The value of a parameter, without its quotes; nothing if there is none of this name.
+/// Raises `BRIMStreamError` if the parameters before it are malformed.
+std::optional<std::string> parameterOf(std::string_view field, std::string_view name);
+
+/// Whether there is a character below the blank, or DEL.
+bool hasControlCharacter(std::string_view text) noexcept;
+
+}  // namespace halyard
