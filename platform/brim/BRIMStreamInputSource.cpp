@@ -29,6 +29,10 @@ private:
 
 BRIMStreamInputSource::BRIMStreamInputSource(BRIMInputStream& stream) : m_stream(stream) {}
 
+BRIMStreamInputSource::BRIMStreamInputSource(BRIMInputStream& stream,
+                                             xercesc::MemoryManager* memory)
+    : InputSource(memory), m_stream(stream) {}
+
 BRIMStreamInputSource::~BRIMStreamInputSource() = default;
 
 xercesc::BinInputStream* BRIMStreamInputSource::makeStream() const {

@@ -12,6 +12,8 @@ class BRIMInputStream;
 class BRIM_EXPORT BRIMStreamInputSource final : public xercesc::InputSource {
 public:
     explicit BRIMStreamInputSource(BRIMInputStream& stream);
+    /// What the parser gets is made of `memory`, which must live as long as the parser.
+    BRIMStreamInputSource(BRIMInputStream& stream, xercesc::MemoryManager* memory);
     ~BRIMStreamInputSource() override;
 
     /// Called by the parser, which deletes the result.

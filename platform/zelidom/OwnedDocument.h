@@ -1,0 +1,35 @@
+/// A document of Xerces-C's together with the memory that it is made of.
+#pragma once
+
+#include "platform/zelidom/DocumentMemory.h"
+
+#include <cstddef>
+
+class BRIMInputStream;
+
+XERCES_CPP_NAMESPACE_BEGIN
+class DOMDocument;
+XERCES_CPP_NAMESPACE_END
+
+namespace zelidom {
+
+/// Has no document until it is given one, once.
+class OwnedDocument {
+public:
+    OwnedDocument() noexcept = default;
+    OwnedDocument(const OwnedDocument&) = delete;
+    OwnedDocument& operator=(const OwnedDocument&) = delete;
+    ~OwnedDocument();
+
+    /// Raises what Xerces-C raises.
+    xercesc::DOMDocument& create();
+
+    /// Raises what Xerces-C, the stream and ZELIDOM_Document tell of.
+    xercesc::DOMDocument& parse(BRIMInputStream& stream, std::size_t maximumDepth);
+
+private:
+    DocumentMemory m_memory;
+    xercesc::DOMDocument* m_document = nullptr;
+};
+
+}  // namespace zelidom
