@@ -40,6 +40,7 @@ Record* ClassDescriptor::recordOf(const KORVASchemaTypeI& object) {
 }
 
 const TypeDescriptor* findType(ObjectType type) {
+    if (const HandWrittenType* const row = findHandWrittenType(type)) return &row->type;
     const auto crc = static_cast<std::uint32_t>(type);
     const std::uint32_t bucket = crc >> (32U - typeIndexBits);
     const TypeDescriptor* row = typeTables.types + typeTables.typeIndex[bucket];

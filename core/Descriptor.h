@@ -96,7 +96,7 @@ struct TypeDescriptor {
     ObjectType elementType;          ///< of an array's elements, otherwise e_Unknown
     const char* xsiName;             ///< "bus:schedule"
     const ClassDescriptor* fields;   ///< classes and properties, otherwise null
-    const std::type_info* typeInfo;  ///< of the class; null for abstract types
+    const std::type_info* typeInfo;  ///< of the class; null for abstract and hand-written types
     Create create;                   ///< null for abstract types
     Copy copy;                       ///< null for abstract types
 };
@@ -119,7 +119,27 @@ inline constexpr unsigned typeIndexBits = 10;
 /// Defined by generated code.
 extern const TypeTables typeTables;
 
-/// The row of a generated type, or null.
+/// A class that stands in no schema. Its objects are asked by name, never read by tables, and
+/// `type.elementType` is e_Unknown also for an array.
+struct HandWrittenType {
+    TypeDescriptor type;
+    const char* xmlName;  ///< as messages of failures have it: "undocumentedFaultDetail"
+};
+
+inline constexpr ObjectType firstHandWrittenType = KORVASchemaTypeI::eKORVAUndocumentedFaultDetail;
+inline constexpr std::size_t handWrittenTypeCount =
+    KORVASchemaTypeI::eKORVASOAPFault - firstHandWrittenType + 1;
+
+/// In the order of their identities. Defined beside the classes.
+extern const HandWrittenType handWrittenTypes[handWrittenTypeCount];
+
+/// The row of a hand-written type, or null.
+inline const HandWrittenType* findHandWrittenType(ObjectType type) {
+    const auto position = static_cast<std::uint32_t>(type) - firstHandWrittenType;
+    return position < handWrittenTypeCount ? handWrittenTypes + position : nullptr;
+}
+
+/// The row of a generated or hand-written type, or null.
 const TypeDescriptor* findType(ObjectType type);
 
 }  // namespace korva

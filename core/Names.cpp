@@ -25,6 +25,7 @@ const char* word(std::uint32_t crc) {
 }
 
 const char* xmlName(ObjectType type) {
+    if (const HandWrittenType* const row = findHandWrittenType(type)) return row->xmlName;
     const TypeDescriptor* const row = findType(type);
     return row != nullptr ? row->xsiName + busPrefixLength : "";
 }

@@ -14,10 +14,10 @@ std::uint32_t nameCrc(const char* name);
 /// The text of the word with this CRC, or an empty text.
 const char* word(std::uint32_t crc);
 
-/// The bare XML name of a generated type, or an empty text.
+/// The bare XML name of a generated or hand-written type, or an empty text.
 const char* xmlName(KORVASchemaTypeI::ObjectType type);
 
-/// The class name of a generated type, "KORVASchedule". For messages of failures.
+/// The class name of a generated or hand-written type, "KORVASchedule". For messages of failures.
 std::string className(KORVASchemaTypeI::ObjectType type);
 
 }  // namespace korva

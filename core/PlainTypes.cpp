@@ -12,11 +12,9 @@ namespace {
 constexpr std::size_t prefixLength = sizeof "xs:" - 1;
 
 /// In the order of ObjectType.
-constexpr const char* texts[] = {
-    "_unknown", "xs:string", "xs:int", "xs:integer", "xs:decimal", "xs:time", "xs:dateTime",
-    "xs:boolean", "xs:base64Binary", "xs:float", "xs:QName",
-    // What stands in for text never travels.
-    nullptr, "KORVAUndocumentedFaultDetail", "KORVAUndocumentedFaultDetailArray", "KORVASOAPFault"};
+constexpr const char* texts[] = {"_unknown",        "xs:string", "xs:int",      "xs:integer",
+                                 "xs:decimal",      "xs:time",   "xs:dateTime", "xs:boolean",
+                                 "xs:base64Binary", "xs:float",  "xs:QName"};
 constexpr int textCount = sizeof texts / sizeof *texts;
 
 }  // namespace

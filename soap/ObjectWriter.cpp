@@ -47,8 +47,10 @@ ObjectWriter::Frame::Frame(const Element& element, bool skipUnset)
       isMultiLine(!walk.isContent()),
       isOpened(isMultiLine) {}
 
-ObjectWriter::ObjectWriter(BRIMOutputStream& stream, bool writeNullElements)
-    : m_stream(stream), m_writeNullElements(writeNullElements) {}
+ObjectWriter::ObjectWriter(BRIMOutputStream& stream, bool writeNullElements, Style style)
+    : m_stream(stream),
+      m_writeNullElements(writeNullElements),
+      m_isLiteral(style == Style::Literal) {}
 
 void ObjectWriter::write(const void* object, ObjectType type, const char* qName, int indent,
                          bool writeNamespaces, bool force) {
@@ -60,6 +62,11 @@ void ObjectWriter::write(const void* object, ObjectType type, const char* qName,
 
 void ObjectWriter::put(std::string_view token) {
     m_stream.write(token.data(), token.size());
+}
+
+// A token that starts with the quote that ends the type; without a type there is none.
+void ObjectWriter::putBehindType(std::string_view token) {
+    put(m_isLiteral ? token.substr(1) : token);
 }
 
 void ObjectWriter::startLine(const LineToken& token, int level) {
@@ -87,21 +94,24 @@ void ObjectWriter::writeElement(const Element& element, bool writeNamespaces, bo
     startLine(element.form.start, element.level);
     if (!element.name.empty()) put(element.name);
     if (writeNamespaces) wire::writeObjectNamespaces(m_stream);
-    if (isArray) {
-        writeArrayType(KORVASchemaTypesFactory::objectTypeToArrayType(element.type),
-                       element.object);
-    } else {
-        put(wire::typeAttribute);
-        put(row != nullptr
-                ? row->xsiName
-                : KORVASchemaTypesFactory::getInstance().objectTypeToXSIType(element.type));
-    }
+    if (!m_isLiteral) writeType(element, row, isArray);
     if (element.object == nullptr)
-        put(isArray ? wire::typeEndsEmptyTag : wire::typeEndsNilTag);
+        putBehindType(isArray ? wire::typeEndsEmptyTag : wire::typeEndsNilTag);
     else if (KORVASchemaTypesFactory::isGeneratedType(element.type))
         openObject(element);
     else
         writeValue(element);
+}
+
+void ObjectWriter::writeType(const Element& element, const TypeDescriptor* row, bool isArray) {
+    if (isArray) {
+        writeArrayType(KORVASchemaTypesFactory::objectTypeToArrayType(element.type),
+                       element.object);
+        return;
+    }
+    put(wire::typeAttribute);
+    put(row != nullptr ? row->xsiName
+                       : KORVASchemaTypesFactory::getInstance().objectTypeToXSIType(element.type));
 }
 
 void ObjectWriter::writeArrayType(const char* elementType, const void* array) {
@@ -131,7 +141,7 @@ void ObjectWriter::writeValue(const Element& element) {
         case KORVASchemaTypeI::eInteger: {
             const auto result = std::to_chars(digits, digits + maxIntText,
                                               *static_cast<const int*>(element.object));
-            put(wire::typeEndsTag);
+            putBehindType(wire::typeEndsTag);
             put({digits, result.ptr});
             break;
         }
@@ -142,12 +152,12 @@ void ObjectWriter::writeValue(const Element& element) {
                                             std::chars_format::fixed, 2)
                                   .ptr;
             *end = ' ';
-            put(wire::typeEndsTag);
+            putBehindType(wire::typeEndsTag);
             put({digits, end + 1});
             break;
         }
         case KORVASchemaTypeI::eBoolean:
-            put(wire::typeEndsTag);
+            putBehindType(wire::typeEndsTag);
             // Any byte but zero is true, whatever wrote it.
             put(*static_cast<const unsigned char*>(element.object) != 0 ? wire::trueText
                                                                         : wire::falseText);
@@ -160,7 +170,7 @@ void ObjectWriter::writeValue(const Element& element) {
 // Ends the start tag and writes the text, or makes it the tag's reference to an attachment.
 void ObjectWriter::writeText(const char* text) {
     if (!KORVA_CharStreamable::isCharStreamable(text)) {
-        put(wire::typeEndsTag);
+        putBehindType(wire::typeEndsTag);
         BRIMXmlEncodeOutputStream encoder(m_stream);
         encoder.write(text, std::strlen(text));
         encoder.close();
@@ -168,19 +178,19 @@ void ObjectWriter::writeText(const char* text) {
     }
     const KORVA_CharStreamable streamable(text);
     if (streamable.getIsContentId()) {
-        put(wire::typeThenContentId);
+        putBehindType(wire::typeThenContentId);
         streamable >> m_stream;
         put(wire::contentIdEndsTag);
         return;
     }
-    put(wire::typeEndsTag);
+    putBehindType(wire::typeEndsTag);
     BRIMXmlEncodeOutputStream encoder(m_stream);
     streamable >> encoder;
     encoder.close();
 }
 
 void ObjectWriter::writeBinary(const KORVAXSBase64Binary& value) {
-    put(value.getIsContentId() ? wire::typeThenContentId : wire::typeEndsTag);
+    putBehindType(value.getIsContentId() ? wire::typeThenContentId : wire::typeEndsTag);
     value.serialize(m_stream);
     if (value.getIsContentId()) put(wire::contentIdEndsTag);
 }
@@ -189,10 +199,10 @@ void ObjectWriter::openObject(const Element& element) {
     if (m_frames.capacity() == 0) m_frames.reserve(initialFrames);
     Frame& frame = m_frames.emplace_back(element, !m_writeNullElements);
     if (frame.walk.empty()) {
-        put(wire::typeEndsEmptyTag);
+        putBehindType(wire::typeEndsEmptyTag);
         m_frames.pop_back();
     } else if (frame.isMultiLine) {
-        put(wire::typeEndsLine);
+        putBehindType(wire::typeEndsLine);
     }
 }
 
@@ -210,7 +220,7 @@ void ObjectWriter::writeNextChild() {
     if (frame.walk.isArray()) {
         writeElement({itemForm, {}, child.value, child.type, level}, false, false);
     } else if (isGenerated || *child.name != '\0') {
-        if (!frame.isOpened) put(wire::typeEndsTag);
+        if (!frame.isOpened) putBehindType(wire::typeEndsTag);
         frame.isOpened = true;
         writeElement({childForm, child.name, child.value, child.type, level}, false, false);
     } else {
@@ -240,7 +250,7 @@ void ObjectWriter::writeContent(Frame& frame, const Child& child) {
 
 void ObjectWriter::closeObject() {
     const Frame& frame = m_frames.back();
-    if (!frame.isOpened) put(wire::typeEndsTag);
+    if (!frame.isOpened) putBehindType(wire::typeEndsTag);
     writeEndTag(*frame.form, frame.name, frame.isMultiLine ? frame.level : 0);
     m_frames.pop_back();
 }

@@ -20,8 +20,13 @@ namespace korva {
 /// After an exception a writer is of no more use.
 class ObjectWriter {
 public:
+    enum class Style {
+        Encoded,  ///< each element tells its type
+        Literal   ///< no element does
+    };
+
     /// @param writeNullElements write an element also for what is null and would be left out
-    ObjectWriter(BRIMOutputStream& stream, bool writeNullElements);
+    ObjectWriter(BRIMOutputStream& stream, bool writeNullElements, Style style = Style::Encoded);
 
     /// Writes one element at `indent` + 1 tabs. Null is left out unless it is an array's or
     /// `force` is set.
@@ -51,8 +56,10 @@ private:
     };
 
     void put(std::string_view token);
+    void putBehindType(std::string_view token);
 
     void writeElement(const Element& element, bool writeNamespaces, bool force);
+    void writeType(const Element& element, const TypeDescriptor* row, bool isArray);
     void writeArrayType(const char* elementType, const void* array);
     void writeValue(const Element& element);
     void writeText(const char* text);
@@ -68,6 +75,7 @@ private:
 
     BRIMOutputStream& m_stream;
     const bool m_writeNullElements;
+    const bool m_isLiteral;
     std::vector<Frame> m_frames;
 };
 

@@ -46,7 +46,7 @@ struct TagForm {
 };
 
 // Where one constant always follows another they stand as one token. The start tag's last quote,
-// which ends the type, belongs to the token behind it.
+// which ends the type, belongs to the token behind it, its first byte.
 
 inline constexpr std::string_view lineFeed = "\n";
 inline constexpr std::string_view tagEnd = ">\n";
