@@ -11,6 +11,7 @@
 #include <korva/KORVANamespaceMapping.h>
 #include <korva/KORVAObjectRegistryI.h>
 #include <korva/KORVAPortTypeI.h>
+#include <korva/KORVASOAPFault.h>
 #include <korva/KORVASchemaTypeIContentHandler.h>
 #include <zel/ZELAssert.h>
 #include <zel/ZELFrame.h>
@@ -108,9 +109,13 @@ void KORVAMessageIContentHandler::startFrame(const XMLCh* uri, const XMLCh* loca
 void KORVAMessageIContentHandler::startOperation(const XMLCh* uri, const XMLCh* localName) {
     m_parameterCount = 0;
     m_operationName = keepText(m_context->names.find(localName));
-    // Here a KORVASOAPFault is to be made and registered; its children then come as parameters.
-    if (isOfEnvelope(uri) && korva::equals(localName, "Fault"))
-        KORVA_RAISE(eKORVA_FaultNotRead, startElementLabel);
+    if (isOfEnvelope(uri) && korva::equals(localName, "Fault")) {
+        // Its children then come as parameters.
+        auto fault = std::make_unique<KORVASOAPFault>();
+        m_objectRegistry->registerPointer(fault.get());
+        m_fault = fault.release();
+        return;
+    }
     if (m_givenBinding != nullptr) return;
 
     ZEL_ASSERT(m_supportedPortTypes);
@@ -130,7 +135,9 @@ void KORVAMessageIContentHandler::startParameter(const XMLCh* localName,
     ++m_parameterCount;
     const char* const name = m_context->names.find(localName);
     KORVASchemaTypeI::ObjectType expectedType = KORVASchemaTypeI::e_Unknown;
-    if (m_boundPortType != nullptr)
+    if (m_fault != nullptr)
+        expectedType = m_fault->getChildType(name);
+    else if (m_boundPortType != nullptr)
         expectedType = m_boundPortType->resolveOperationParamType(m_operationName, name);
     else if (m_msgObj != nullptr)
         expectedType = m_msgObj->getChildType(messageParameterName(name));
@@ -181,7 +188,10 @@ void KORVAMessageIContentHandler::endParameter(const XMLCh* localName) {
     const KORVASchemaTypeI::ObjectType type = m_schemaTypeContentHandler->getParamType();
     void* const value = m_schemaTypeContentHandler->getParamValue();
     const char* const name = m_context->names.find(localName);
-    if (m_givenBinding == nullptr) {
+    if (m_fault != nullptr) {
+        // A nil child stays unset.
+        if (value != nullptr) m_fault->setChildObject(name, value, type, nullptr);
+    } else if (m_givenBinding == nullptr) {
         m_parameters.push_back(std::make_unique<KORVAMessageParam>(name, type, value));
     } else {
         if (m_msgObj == nullptr) ZEL_ASSERT_NAMED(false, "Inconsistent object state.");
@@ -207,6 +217,7 @@ void KORVAMessageIContentHandler::endDocument() {
     // clang-format off
     ZEL_ASSERT_NAMED(getNamespaceMapping().size() == 0, "There are namespace prefixes left on the mapping stack.");
     // clang-format on
+    if (m_fault != nullptr) return;
     if (m_givenBinding != nullptr) {
         if (m_header != nullptr) m_msgObj->setHalyardHeader(m_header);
         return;

@@ -3,9 +3,11 @@
 #include <korva/KORVAMessageI.h>
 #include <korva/KORVAMessageIContentHandler.h>
 #include <korva/KORVAObjectRegistryFactory.h>
+#include <korva/KORVASOAPFaultException.h>
 #include <korva/KORVASOAPMessageIDeserializer.h>
 #include <zel/ZELAssert.h>
 #include <zel/ZELFrame.h>
+#include <zel/ZELThrow.h>
 
 using korva::XmlReader;
 
@@ -56,6 +58,9 @@ void KORVASOAPMessageIDeserializer::parse(BRIMInputStream& stream,
     m_reader->parse(
         stream, handler, nullptr,
         {"KORVASOAPMessageIDeserializer::parse", "KORVASOAPMessageIDeserializer::parse()"});
+    if (KORVASOAPFault* const fault = handler.getFault())
+        ZEL_THROW(KORVASOAPFaultException(handler.getHeader(), *fault, m_objectRegistry.get()),
+                  "KORVASOAPMessageIDeserializer::parse()");
 }
 
 KORVAHalyardHeader* KORVASOAPMessageIDeserializer::getHeader() const {

@@ -243,11 +243,13 @@ void KORVASchemaTypeIContentHandler::startItem(const char* name, ObjectType xsiT
     const Entry& parent = top();
     auto* const array = static_cast<KORVASchemaTypeI*>(parent.value);
     ObjectType type = xsiType;
-    if (type == KORVASchemaTypeI::e_Unknown &&
-        parent.type != KORVASchemaTypeI::eKORVAFaultDetailArray)
+    if (type == KORVASchemaTypeI::e_Unknown) {
+        // Details without a type are the undocumented ones of a fault.
+        if (parent.type == KORVASchemaTypeI::eKORVAFaultDetailArray ||
+            parent.type == KORVASchemaTypeI::eKORVAUndocumentedFaultDetailArray)
+            return startUndocumentedDetail();
         type = declared;
-    // Details without a type are the undocumented ones of a fault.
-    if (type == KORVASchemaTypeI::e_Unknown) KORVA_RAISE(eKORVA_FaultNotRead, startElementLabel);
+    }
 
     Entry item = makeEntry(name, type);
     const bool isObject = Factory::isGeneratedType(type);
@@ -261,9 +263,37 @@ void KORVASchemaTypeIContentHandler::startItem(const char* name, ObjectType xsiT
     m_objStack.push_back(item);
 }
 
+void KORVASchemaTypeIContentHandler::startUndocumentedDetail() {
+    ZEL_ASSERT((m_objStack.size() == 1));
+    Entry& details = m_objStack.front();
+    if (details.type != KORVASchemaTypeI::eKORVAUndocumentedFaultDetailArray) {
+        details.value = makeObject(KORVASchemaTypeI::eKORVAUndocumentedFaultDetailArray);
+        details.type = KORVASchemaTypeI::eKORVAUndocumentedFaultDetailArray;
+    }
+    Entry detail(nullptr, KORVASchemaTypeI::eKORVAUndocumentedFaultDetail,
+                 makeObject(KORVASchemaTypeI::eKORVAUndocumentedFaultDetail));
+    detail.takesText = false;
+    static_cast<KORVASchemaTypeI*>(details.value)
+        ->setChildObject(details.name, detail.value, detail.type, nullptr);
+    m_objStack.push_back(detail);
+}
+
+/// A message of an undocumented detail, of which there may be many.
+void KORVASchemaTypeIContentHandler::startDetailMessage(const char* name) {
+    Entry message(nullptr, KORVASchemaTypeI::eKORVAMessage,
+                  makeObject(KORVASchemaTypeI::eKORVAMessage));
+    message.takesText = false;
+    static_cast<KORVASchemaTypeI*>(top().value)
+        ->setChildObject(name, message.value, message.type, nullptr);
+    m_objStack.push_back(message);
+}
+
 void KORVASchemaTypeIContentHandler::startChild(const char* name, ObjectType xsiType,
                                                 ObjectType declared) {
     const Entry& parent = top();
+    if (parent.type == KORVASchemaTypeI::eKORVAUndocumentedFaultDetail &&
+        std::strcmp(name, "message") == 0)
+        return startDetailMessage(name);
     auto* const object = static_cast<KORVASchemaTypeI*>(parent.value);
     void* child = object->getChildObject(name, false);
     const bool isArray = child != nullptr && Factory::isArrayType(declared);
@@ -292,12 +322,17 @@ KORVASchemaTypeIContentHandler::Entry KORVASchemaTypeIContentHandler::makeEntry(
     Entry entry(name, objType, nullptr);
     // The values of plain types come from the text.
     if (!Factory::isGeneratedType(objType)) return entry;
-    std::unique_ptr<KORVASchemaTypeI> object(Factory::getInstance().create(objType));
-    m_objectRegistry->registerPointer(object.get());
-    entry.value = object.release();
+    entry.value = makeObject(objType);
     entry.isArray = Factory::isArrayType(objType);
     entry.takesText = hasTextContent(objType);
     return entry;
+}
+
+/// A new object that the registry owns.
+KORVASchemaTypeI* KORVASchemaTypeIContentHandler::makeObject(ObjectType type) {
+    std::unique_ptr<KORVASchemaTypeI> object(Factory::getInstance().create(type));
+    m_objectRegistry->registerPointer(object.get());
+    return object.release();
 }
 
 void KORVASchemaTypeIContentHandler::registerSimpleValue(Entry& entry) {

@@ -208,11 +208,6 @@ TEST_F(ValueFailure, AReferenceWithoutAnAttachmentHandlerIsAnAssertion) {
     EXPECT_ASSERTION(read("bus:tracking", "<conversationContext href=\"cid:7\"/>"), inText);
 }
 
-TEST_F(ValueFailure, DetailsOfAFaultThatTellNoTypeAreRefused) {
-    EXPECT_NUMBERED(read("bus:faultDetailArray", "<exception/>"), 0xEA4F0002, startElement);
-    EXPECT_NE(read("bus:faultDetailArray", "<exception xsi:type=\"bus:faultDetail\"/>"), nullptr);
-}
-
 // ----- the place -----
 
 TEST_F(ValueFailure, TheTraceHasTheThrowAndTheEntryPointAndNothingElse) {

@@ -17,6 +17,7 @@ class KORVAMessageParam;
 class KORVANamespaceMapping;
 class KORVAObjectRegistryI;
 class KORVAPortTypeI;
+class KORVASOAPFault;
 class KORVASchemaTypeIContentHandler;
 class KORVA_AttachmentHandler;
 
@@ -28,11 +29,12 @@ struct ReadingContext;
 /// each header entry and each parameter to a KORVASchemaTypeIContentHandler. Made for one envelope.
 ///
 /// At the server it is given the port types that the process offers, and makes a binding with a
-/// filled input message. At the client it is given the message to fill.
+/// filled input message. At the client it is given the message to fill. If the body holds a fault
+/// instead, either makes a KORVASOAPFault, no binding is made and no message is filled.
 ///
 /// Failures beside those of the values are KORVAExceptions: 0xEA46D8C9 (the frame), 0xEA456BB1 (no
-/// port type has the operation's namespace), 0xEA4F0002 (the body holds a fault), and what the port
-/// type raises when the operation is bound.
+/// port type has the operation's namespace), 0xEA41BF21 (a fault has no such child), and what the
+/// port type raises when the operation is bound.
 class KORVA_EXPORT KORVAMessageIContentHandler : public KORVAContentHandler {
 public:
     /// At the server. The vector and `converter` must outlive the handler.
@@ -59,6 +61,9 @@ public:
 
     /// The bus header as far as it was read, or null. Belongs to the registry.
     KORVAHalyardHeader* getHeader() const { return m_header; }
+
+    /// The fault that the body holds, as far as it was read, or null. Belongs to the registry.
+    KORVASOAPFault* getFault() const { return m_fault; }
 
     /// The binding that was given, or the one that the end of the envelope made; null before that.
     KORVAPortTypeBinding* getBinding() const;
@@ -98,6 +103,7 @@ private:
     Section m_section = Section::None;
     KORVAObjectRegistryI* m_objectRegistry = nullptr;
     KORVAHalyardHeader* m_header = nullptr;
+    KORVASOAPFault* m_fault = nullptr;
     KORVAPortTypeBinding* m_givenBinding = nullptr;
     ZELSmartPointer<KORVAPortTypeBinding> m_binding;  ///< the one that was made
     const std::vector<KORVAPortTypeI*>* m_supportedPortTypes = nullptr;

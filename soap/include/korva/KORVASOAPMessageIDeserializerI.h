@@ -24,9 +24,10 @@ public:
     /// sets its bus header if there is one. What is read belongs to the message's registry, also
     /// what was read before a failure.
     /// @throws ZELAssertError `message` is null; or a precondition broke while reading
+    /// @throws KORVASOAPFaultException the envelope holds a fault, which the exception carries
     /// @throws KORVAException 0xEA441F8B: the envelope is not well-formed; 0xEA46D8C9: it is not
-    ///     SOAP 1.1; 0xEA4F0001: it exceeds a limit; 0xEA4F0002: it holds a fault; and the failures
-    ///     that KORVASchemaTypeIContentHandler tells of
+    ///     SOAP 1.1; 0xEA4F0001: it exceeds a limit; 0xEA41BF21: a fault has no such child; and the
+    ///     failures that KORVASchemaTypeIContentHandler tells of
     /// @throws ZELOutOfMemoryError no memory is left
     /// @throws ZELStdExceptionError any other standard exception
     /// A ZELThrowable of the stream passes through. The trace line of this operation tells line,
@@ -38,6 +39,7 @@ public:
     /// The namespace of the operation's element tells the port type; the first in the list wins.
     /// What is read lives as long as the input message's registry.
     /// @throws ZELAssertError `supportedPortTypes` is empty; the body has no operation
+    /// @throws KORVASOAPFaultException as above
     /// @throws KORVAException as above; also 0xEA456BB1: no port type has the namespace;
     ///     0xEA4112C6: it has no such operation
     /// @throws ZELOutOfMemoryError, ZELStdExceptionError as above

@@ -26,6 +26,10 @@ struct ReadingContext;
 /// An element's type is told by its `xsi:type`, otherwise by its declaration. Elements that nobody
 /// declares are skipped with all they hold. Does not recurse: depth costs memory, not stack.
 ///
+/// The items of a fault's `detail` (a KORVAFaultDetailArray) are undocumented details when they do
+/// not tell their type. The first one makes the value a KORVAUndocumentedFaultDetailArray, which
+/// takes the place of what was read before; a documented detail behind it ends in 0xEA4BCA5D.
+///
 /// Failures of the document are KORVAExceptions: 0xEA41D35C and 0xEA4152EA (child or text in a nil
 /// element), 0xEA40320B and 0xEA4ACDA5 (in a reference to an attachment), 0xEA4AA334 (child of a
 /// simple value), 0xEA4BCA5D (item of a wrong type), 0xEA4B8476 (element twice), 0xEA4BA852,
@@ -85,7 +89,7 @@ private:
 
     /// An element under construction.
     struct Entry {
-        const char* name;  ///< of the schema's words or of m_context
+        const char* name;  ///< of the schema's words or of m_context; null in undocumented details
         ObjectType type;
         bool isArray;    ///< its children are items
         bool takesText;  ///< text between its children is its own
@@ -116,11 +120,14 @@ private:
     void startRoot(const XMLCh* localName, const xercesc::Attributes& attributes,
                    ObjectType expectedType);
     void startItem(const char* name, ObjectType xsiType, ObjectType declared);
+    void startUndocumentedDetail();
+    void startDetailMessage(const char* name);
     void startChild(const char* name, ObjectType xsiType, ObjectType declared);
     void startText();
     void skip();
 
     Entry makeEntry(const char* name, ObjectType type);
+    KORVASchemaTypeI* makeObject(ObjectType type);
     void registerSimpleValue(Entry& entry);
     static void checkType(const char* name, const void* value, ObjectType objectType,
                           ObjectType expectedType);
