@@ -1,0 +1,132 @@
+#include "tests/interop/HttpServer.h"
+
+#include <brim/BRIMMemoryInputStream.h>
+#include <brim/BRIMMemoryOutputStream.h>
+#include <korva/KORVABatchReportServicePortType.h>
+#include <korva/KORVAContentManagerCacheServicePortType.h>
+#include <korva/KORVAContentManagerServicePortType.h>
+#include <korva/KORVADeliveryServicePortType.h>
+#include <korva/KORVADispatcherPortType.h>
+#include <korva/KORVAEventManagementServicePortType.h>
+#include <korva/KORVAException.h>
+#include <korva/KORVAMobileServicePortType.h>
+#include <korva/KORVAMonitorServicePortType.h>
+#include <korva/KORVAReportServicePortType.h>
+#include <korva/KORVASOAPMessageIDeserializer.h>
+#include <korva/KORVASOAPMessageISerializer.h>
+#include <korva/KORVAVelmoraTabulonPortType.h>
+
+#include <cstdio>
+#include <httplib.h>
+#include <stdexcept>
+#include <thread>
+#include <utility>
+
+namespace korva::test {
+
+namespace {
+
+constexpr const char* loopback = "127.0.0.1";
+constexpr const char* contentType = "text/xml; charset=utf-8";
+
+std::vector<KORVAPortTypeI*> allServices() {
+    return {&KORVAReportServicePortType::getInstance(),
+            &KORVABatchReportServicePortType::getInstance(),
+            &KORVAVelmoraTabulonPortType::getInstance(),
+            &KORVADeliveryServicePortType::getInstance(),
+            &KORVADispatcherPortType::getInstance(),
+            &KORVAMonitorServicePortType::getInstance(),
+            &KORVAContentManagerServicePortType::getInstance(),
+            &KORVAContentManagerCacheServicePortType::getInstance(),
+            &KORVAEventManagementServicePortType::getInstance(),
+            &KORVAMobileServicePortType::getInstance()};
+}
+
+/// An envelope that tells the caller why its request was refused.
+std::string faultEnvelope(unsigned number) {
+    char text[16];
+    std::snprintf(text, sizeof text, "0x%08X", number);
+    return std::string(
+               "<e:Envelope xmlns:e=\"http://schemas.xmlsoap.org/soap/envelope/\">"
+               "<e:Body><e:Fault><faultcode>e:Client</faultcode><faultstring>") +
+           text + "</faultstring></e:Fault></e:Body></e:Envelope>";
+}
+
+std::string write(KORVAPortTypeBinding& binding) {
+    BRIMMemoryOutputStream bytes;
+    KORVASOAPMessageISerializer().serialize(binding, binding.getOutputMessage(), bytes);
+    return {bytes.str(), bytes.pcount()};
+}
+
+}  // namespace
+
+class HttpServer::Listener {
+public:
+    explicit Listener(Service service) : m_service(std::move(service)) {
+        // One thread: calls come one after the other.
+        m_server.new_task_queue = [] { return new httplib::ThreadPool(1); };
+        m_server.Post(".*", [this](const httplib::Request& request, httplib::Response& response) {
+            answer(request, response);
+        });
+        m_port = m_server.bind_to_any_port(loopback);
+        if (m_port <= 0) throw std::runtime_error("there is no port to listen at");
+        m_thread = std::thread([this] { m_server.listen_after_bind(); });
+        // A server that does not run yet would not notice that it is told to stop.
+        while (!m_server.is_running())
+            std::this_thread::yield();
+    }
+
+    ~Listener() {
+        m_server.stop();
+        m_thread.join();
+    }
+
+    Listener(const Listener&) = delete;
+    Listener& operator=(const Listener&) = delete;
+
+    int port() const { return m_port; }
+    const std::vector<Exchange>& exchanges() const { return m_exchanges; }
+
+private:
+    void answer(const httplib::Request& request, httplib::Response& response) {
+        Exchange& exchange = m_exchanges.emplace_back();
+        exchange.action = request.get_header_value("SOAPAction");
+        exchange.envelope = request.body;
+        try {
+            read(exchange);
+            m_service(*exchange.binding);
+            response.set_content(write(*exchange.binding), contentType);
+        } catch (const KORVAException& error) {
+            exchange.binding = {};
+            exchange.refusal = error.getMessages()[0].getId();
+            response.status = 500;
+            response.set_content(faultEnvelope(exchange.refusal), contentType);
+        }
+    }
+
+    static void read(Exchange& exchange) {
+        BRIMMemoryInputStream stream(exchange.envelope.data(), exchange.envelope.size());
+        KORVASOAPMessageIDeserializer().parse(stream, allServices(), exchange.binding);
+    }
+
+    Service m_service;
+    httplib::Server m_server;
+    std::thread m_thread;
+    int m_port = 0;
+    std::vector<Exchange> m_exchanges;
+};
+
+HttpServer::HttpServer(Service service)
+    : m_listener(std::make_unique<Listener>(std::move(service))) {}
+
+HttpServer::~HttpServer() = default;
+
+std::string HttpServer::location() const {
+    return std::string("http://") + loopback + ':' + std::to_string(m_listener->port()) + '/';
+}
+
+const std::vector<Exchange>& HttpServer::exchanges() const {
+    return m_listener->exchanges();
+}
+
+}  // namespace korva::test

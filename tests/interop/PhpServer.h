@@ -1,0 +1,51 @@
+// PHP as the server of the library's client.
+#pragma once
+
+#include "tests/interop/ChildProcess.h"
+#include "tests/interop/HttpClient.h"
+
+#include <korva/KORVAPortTypeBinding.h>
+
+#include <stdexcept>
+#include <string>
+
+namespace korva::test {
+
+/// A reply that the library does not read.
+class Refusal : public std::runtime_error {
+public:
+    Refusal(unsigned number, const std::string& text) : runtime_error(text), m_number(number) {}
+
+    /// Of the message that tells why.
+    unsigned number() const { return m_number; }
+
+private:
+    unsigned m_number;
+};
+
+/// php/server.php, which answers as one of its cases says, at a port that the system chose.
+class PhpServer {
+public:
+    /// Starts the server and waits until it listens.
+    /// @throws std::runtime_error it does not
+    explicit PhpServer(const std::string& name);
+
+    /// Sends the binding's input message, and reads the reply into its output message.
+    /// @throws std::runtime_error there is no reply
+    /// @throws Refusal the library refuses the reply
+    void call(KORVAPortTypeBinding& binding);
+
+    /// The status and the envelope of the last reply.
+    const HttpReply& reply() const { return m_reply; }
+
+    /// The last call as PHP understood it: the SOAP action, the header, the operation and its
+    /// arguments, as a tree.
+    std::string understood() const;
+
+private:
+    ChildProcess m_php;
+    std::string m_location;
+    HttpReply m_reply;
+};
+
+}  // namespace korva::test
