@@ -1,5 +1,6 @@
 #include "core/Descriptor.h"
 #include "core/NumberedError.h"
+#include "soap/AttachedValue.h"
 #include "soap/NativeText.h"
 #include "soap/ReadingContext.h"
 #include "soap/TypeAttributes.h"
@@ -13,6 +14,7 @@
 #include <korva/KORVASchemaTypeIContentHandler.h>
 #include <korva/KORVASchemaTypesFactory.h>
 #include <korva/KORVAXSBase64Binary.h>
+#include <korva/KORVA_AttachmentHandler.h>
 #include <korva/KORVA_String.h>
 #include <zel/I18NConverter.h>
 #include <zel/ZELAssert.h>
@@ -47,14 +49,6 @@ bool isNumeric(KORVASchemaTypeI::ObjectType type) {
         case KORVASchemaTypeI::eBoolean: return true;
         default: return false;
     }
-}
-
-/// Whether objects of the type are made from their element's text: enumerations and restricted
-/// strings. What the tables do not know may be, too.
-bool hasTextContent(KORVASchemaTypeI::ObjectType type) {
-    const korva::TypeDescriptor* const row = korva::findType(type);
-    return row == nullptr ||
-           (row->fields == nullptr && row->elementType == KORVASchemaTypeI::e_Unknown);
 }
 
 /// Makes a value that the registry owns.
@@ -144,7 +138,8 @@ void* KORVASchemaTypeIContentHandler::getParamValue() {
     Entry& param = m_objStack.back();
     setCurrentCharacterData(param);
     // The end of a text or binary is not told here, so there is no later place for this.
-    if (Factory::isString(param.type) || Factory::isBase64(param.type)) requireAttachmentHandler();
+    if (m_hasContentId && (Factory::isString(param.type) || Factory::isBase64(param.type)))
+        referToAttachment(param);
     return param.value;
 }
 
@@ -299,7 +294,7 @@ void KORVASchemaTypeIContentHandler::startChild(const char* name, ObjectType xsi
     const bool isArray = child != nullptr && Factory::isArrayType(declared);
     if (child != nullptr && !isArray)
         KORVA_RAISE(eKORVA_ElementTwice, startElementLabel, parent.name, name);
-    if (child == nullptr) child = object->getChildObject(name, true);
+    if (child == nullptr && isNumeric(declared)) child = object->getChildObject(name, true);
     if (child != nullptr) {
         // A number, a boolean or an array, which the parent holds itself: the wire's type plays no
         // part.
@@ -323,8 +318,12 @@ KORVASchemaTypeIContentHandler::Entry KORVASchemaTypeIContentHandler::makeEntry(
     // The values of plain types come from the text.
     if (!Factory::isGeneratedType(objType)) return entry;
     entry.value = makeObject(objType);
-    entry.isArray = Factory::isArrayType(objType);
-    entry.takesText = hasTextContent(objType);
+    // Classes and arrays have children. Enumerations and restricted strings are made from their
+    // element's text; what the tables do not know may be, too.
+    if (const korva::TypeDescriptor* const row = korva::findType(objType)) {
+        entry.isArray = row->elementType != KORVASchemaTypeI::e_Unknown;
+        entry.takesText = row->fields == nullptr && !entry.isArray;
+    }
     return entry;
 }
 
@@ -387,19 +386,22 @@ void KORVASchemaTypeIContentHandler::endElement(const XMLCh*, const XMLCh*, cons
 void KORVASchemaTypeIContentHandler::setOnParent(Entry& child) {
     auto* const parent = static_cast<KORVASchemaTypeI*>(top().value);
     ZEL_ASSERT(parent);
+    std::size_t position = 0;
     if (child.text != nullptr) {
         korva::TextView text(child.text, child.textLength);
-        parent->setChildObject(child.name, static_cast<ZELByteBuffer*>(&text), child.type, nullptr);
+        position = parent->setChildObject(child.name, static_cast<ZELByteBuffer*>(&text),
+                                          child.type, nullptr);
     } else {
         void* const value = isNumeric(child.type) ? &child.simple : child.value;
-        parent->setChildObject(child.name, value, child.type, nullptr);
+        position = parent->setChildObject(child.name, value, child.type, nullptr);
     }
-    // The position that setChildObject gives is what a reference will be filled by.
-    if (m_hasContentId) {
-        // clang-format off
-        ZEL_ASSERT_NAMED(m_attachmentHandler, "KORVASchemaTypeIContentHandler::endElement - Handler not configured to process href attachments. );");
-        // clang-format on
-    }
+    // Numbers are no attachments.
+    if (!m_hasContentId || isNumeric(child.type)) return;
+    // clang-format off
+    ZEL_ASSERT_NAMED(m_attachmentHandler, "KORVASchemaTypeIContentHandler::endElement - Handler not configured to process href attachments. );");
+    // clang-format on
+    m_attachmentHandler->registerHref(m_contentId.c_str(), *parent, child.name, child.type,
+                                      position);
 }
 
 // ----- text -----
@@ -417,8 +419,12 @@ void KORVASchemaTypeIContentHandler::characters(const XMLCh* text, XMLSize_t len
         KORVA_RAISE(eKORVA_TextInReference, charactersLabel,
                     m_objStack.empty() ? "" : m_objStack.back().name, m_contentId.c_str());
     // What stands between the children of a composite is nobody's.
-    if (m_hasText && !m_objStack.empty() && m_objStack.back().takesText)
-        converter().append(text, length, m_context->text);
+    if (!m_hasText || m_objStack.empty() || !m_objStack.back().takesText) return;
+    ZELByteBuffer& buffer = m_context->text;
+    // A long text is moved less often than the buffer would by itself.
+    if (buffer.pcount() >= largeText && buffer.capacity() - buffer.pcount() < length)
+        buffer.reserve(2 * buffer.capacity() + length);
+    converter().append(text, length, buffer);
 }
 
 void KORVASchemaTypeIContentHandler::setCurrentCharacterData(Entry& param) {
@@ -497,30 +503,43 @@ void KORVASchemaTypeIContentHandler::setBase64(Entry& param) {
 }
 
 void KORVASchemaTypeIContentHandler::setContent(Entry& param) {
+    auto* const currentObj = static_cast<KORVASchemaTypeI*>(param.value);
+    std::size_t position = 0;
     if (param.takesText) {
-        auto* const currentObj = static_cast<KORVASchemaTypeI*>(param.value);
         ZEL_ASSERT(currentObj);
         const ZELByteBuffer& text = m_context->text;
         if (text.pcount() >= largeText) {
-            currentObj->setChildObject("", takeText()->buffer(), KORVASchemaTypeI::eString,
-                                       nullptr);
+            position = currentObj->setChildObject("", takeText()->buffer(),
+                                                  KORVASchemaTypeI::eString, nullptr);
         } else {
             korva::TextView kept(
                 m_context->texts.keep(text.str(), text.pcount(), *m_objectRegistry), text.pcount());
-            currentObj->setChildObject("", static_cast<ZELByteBuffer*>(&kept),
-                                       KORVASchemaTypeI::eString, nullptr);
+            position = currentObj->setChildObject("", static_cast<ZELByteBuffer*>(&kept),
+                                                  KORVASchemaTypeI::eString, nullptr);
         }
     }
     m_hasText = false;
-    requireAttachmentHandler();
+    if (m_hasContentId) {
+        ZEL_ASSERT(currentObj);
+        registerReference(*currentObj, KORVASchemaTypeI::eString, position);
+    }
 }
 
-/// A reference that nobody would be told of must not get lost.
-void KORVASchemaTypeIContentHandler::requireAttachmentHandler() const {
-    if (!m_hasContentId) return;
+/// Gives a parameter of text or binary type a value that its attachment will fill.
+void KORVASchemaTypeIContentHandler::referToAttachment(Entry& param) {
+    auto* const attached = makeRegistered<korva::AttachedValue>(*m_objectRegistry);
+    registerReference(*attached, param.type, 0);
+    param.value = attached->valueFor(param.type);
+    m_hasContentId = false;
+}
+
+/// Tells the attachment handler of the content of `object`: a reference must not get lost.
+void KORVASchemaTypeIContentHandler::registerReference(KORVASchemaTypeI& object, ObjectType type,
+                                                       std::size_t position) {
     // clang-format off
     ZEL_ASSERT_NAMED(m_attachmentHandler, "KORVASchemaTypeIContentHandler::setCurrentCharacterData - Handler not configured to process href attachments. );");
     // clang-format on
+    m_attachmentHandler->registerHref(m_contentId.c_str(), object, "", type, position);
 }
 
 // ----- documents and prefixes -----

@@ -3,6 +3,7 @@
 #include "soap/Utf16.h"
 
 #include <i18n/KORVAI18NRes.h>
+#include <korva/KORVA_AttachmentHandler.h>
 
 #include <xercesc/sax2/Attributes.hpp>
 
@@ -39,16 +40,11 @@ TypeAttributes::TypeAttributes(const xercesc::Attributes& attributes) {
                 break;
             case u'h':
                 if (equals(attributes.getQName(i), "href"))
-                    contentId = getCid(attributes.getValue(i));
+                    contentId = KORVA_AttachmentHandler::getCid(attributes.getValue(i));
                 break;
             default: break;
         }
     }
-}
-
-const XMLCh* getCid(const XMLCh* href) {
-    constexpr std::string_view scheme = "cid:";
-    return startsWith(href, scheme) && href[scheme.size()] != 0 ? href + scheme.size() : nullptr;
 }
 
 }  // namespace korva

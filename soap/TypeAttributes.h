@@ -19,8 +19,4 @@ struct TypeAttributes {
     explicit TypeAttributes(const xercesc::Attributes& attributes);
 };
 
-/// The id in a reference to an attachment: what stands behind "cid:", if something does; otherwise
-/// null.
-const XMLCh* getCid(const XMLCh* href);
-
 }  // namespace korva

@@ -137,7 +137,8 @@ private:
     void setNumber(Entry& param);
     void setBase64(Entry& param);
     void setContent(Entry& param);
-    void requireAttachmentHandler() const;
+    void referToAttachment(Entry& param);
+    void registerReference(KORVASchemaTypeI& object, ObjectType type, std::size_t position);
     KORVA_String* takeText();
     void setOnParent(Entry& child);
 

@@ -1,0 +1,106 @@
+// Brings the parts of a message to the places in its envelope that refer to them.
+#pragma once
+
+#include <korva/KORVASchemaTypeI.h>
+
+#include <xercesc/util/XercesDefs.hpp>
+
+#include <cstddef>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+class HALYARDTKMessageReader;
+class KORVAObjectRegistryI;
+class KORVA_AttachmentContainerI;
+class KORVA_HrefReference;
+
+/// Collects the references of one message while its envelope is read, and later gives each the
+/// content of its part:
+///
+///     KORVA_AttachmentHandler attachments;
+///     deserializer.setAttachmentHandler(&attachments);
+///     deserializer.parse(envelope, ...);
+///     attachments.resolveReferences(parts, *message.getObjectRegistry(), nullptr);
+///
+/// The objects that refer must be alive then: they belong to the message's registry. Serves one
+/// message, in one thread at a time.
+class KORVA_EXPORT KORVA_AttachmentHandler {
+public:
+    using ObjectType = KORVASchemaTypeI::ObjectType;
+
+    /// Makes what one part is collected in, with `new`. Never gives null.
+    using ContainerFactory = KORVA_AttachmentContainerI* (*)();
+
+    KORVA_AttachmentHandler();
+    /// References that nothing resolved are dropped.
+    virtual ~KORVA_AttachmentHandler();
+    KORVA_AttachmentHandler(const KORVA_AttachmentHandler&) = delete;
+    KORVA_AttachmentHandler& operator=(const KORVA_AttachmentHandler&) = delete;
+
+    /// The id in an `href` attribute, which stands behind "cid:" and lives as long as `href`; null
+    /// if `href` doesn't begin so, or nothing follows.
+    static const XMLCh* getCid(const XMLCh* href);
+
+    /// Notes that the child `name` of `object` is to get the content of the part `contentId`. The
+    /// texts are copied. Several places may refer to one part.
+    /// @param type the child's type
+    /// @param index what `setChildObject` gave for the value that stands there until then
+    /// @throws ZELAssertError `type` is neither a text kind nor binary
+    /// @throws ZELOutOfMemoryError no memory is left; nothing is noted
+    void registerHref(const char* contentId, KORVASchemaTypeI& object, const char* name,
+                      ObjectType type, std::size_t index);
+
+    /// Reads all parts and resolves what refers to them. A part that nothing refers to is read all
+    /// the same. Every part is given back to the reader, also when a failure passes.
+    /// @param registry gets the containers and the values
+    /// @param factory null stands for DefaultAttachmentContainer; for binary content, and for
+    /// large,
+    ///     take KORVA_SpoolingAttachmentContainer::create
+    /// @return whether no reference is left
+    /// @throws KORVAException 0xEA4F0001: the parts exceed a limit; 0xEA47C21F: the place takes no
+    ///     such value
+    /// @throws ZELAssertError the factory gave null; an array of text lost the item that refers
+    /// @throws ZELOutOfMemoryError no memory is left
+    /// A ZELThrowable of the reader or of a part's stream passes through.
+    bool resolveReferences(HALYARDTKMessageReader& reader, KORVAObjectRegistryI& registry,
+                           ContainerFactory factory);
+
+    /// Gives what is in `container` to all that refers to `id`, in the order in which they were
+    /// registered; null is nobody's id. `container` must live as long as the values. Binary content
+    /// ends at its first NUL byte unless the container streams.
+    /// @throws ZELAssertError "ZEL_ASSERT(pStreamable);": the container has neither data nor a
+    /// stream
+    /// @throws KORVAException 0xEA47C21F as above; the reference then stays
+    /// @throws ZELOutOfMemoryError no memory is left
+    void resolveAttachment(const char* id, KORVA_AttachmentContainerI& container,
+                           KORVAObjectRegistryI& registry);
+
+    /// How many references wait for their part.
+    std::size_t getReferenceCount() const { return m_count; }
+
+    /// How many bytes all parts of the message may have, expanded: 2^36 at first. More end in
+    /// KORVAException 0xEA4F0001.
+    void setMaximumBytes(unsigned long long bytes);
+
+    /// How many times its size a compressed part may expand to, looked at from its first megabyte
+    /// on: 200 at first. More end in KORVAException 0xEA4F0001.
+    /// @throws ZELAssertError `ratio` is 0
+    void setMaximumInflateRatio(unsigned long long ratio);
+
+private:
+    class Intake;
+
+    void resolvePart(HALYARDTKMessageReader& reader, KORVAObjectRegistryI& registry,
+                     ContainerFactory factory, Intake& intake);
+
+    /// By id, so that a message of many parts isn't searched for each; those of one id in their
+    /// order.
+    std::map<std::string, std::vector<std::unique_ptr<KORVA_HrefReference>>, std::less<>>
+        m_references;
+    std::size_t m_count = 0;
+    unsigned long long m_maximumBytes = 1ULL << 36U;
+    unsigned long long m_maximumInflateRatio = 200;
+};
