@@ -9,9 +9,15 @@
 #include <korva/KORVADispatcherPortType.h>
 #include <korva/KORVAEventManagementServicePortType.h>
 #include <korva/KORVAException.h>
+#include <korva/KORVAFaultDetail.h>
+#include <korva/KORVAFaultDetailArray.h>
+#include <korva/KORVAFaultDetailMessage.h>
+#include <korva/KORVAFaultDetailMessageArray.h>
 #include <korva/KORVAMobileServicePortType.h>
 #include <korva/KORVAMonitorServicePortType.h>
 #include <korva/KORVAReportServicePortType.h>
+#include <korva/KORVASOAPFault.h>
+#include <korva/KORVASOAPFaultSerializer.h>
 #include <korva/KORVASOAPMessageIDeserializer.h>
 #include <korva/KORVASOAPMessageISerializer.h>
 #include <korva/KORVAVelmoraTabulonPortType.h>
@@ -43,13 +49,26 @@ std::vector<KORVAPortTypeI*> allServices() {
 }
 
 /// An envelope that tells the caller why its request was refused.
-std::string faultEnvelope(unsigned number) {
-    char text[16];
-    std::snprintf(text, sizeof text, "0x%08X", number);
-    return std::string(
-               "<e:Envelope xmlns:e=\"http://schemas.xmlsoap.org/soap/envelope/\">"
-               "<e:Body><e:Fault><faultcode>e:Client</faultcode><faultstring>") +
-           text + "</faultstring></e:Fault></e:Body></e:Envelope>";
+std::string faultEnvelope(const ZELMessage& message) {
+    char number[16];
+    std::snprintf(number, sizeof number, "0x%08X", message.getId());
+    std::string text;
+    message.fill(nullptr, text);
+    KORVAFaultDetailMessage line;
+    line.setMessage(text.c_str());
+    KORVAFaultDetail detail;
+    detail.setErrorCode(number);
+    detail.getMessage().push_back(&line);
+    KORVAFaultDetailArray details;
+    details.push_back(&detail);
+    KORVASOAPFault fault;
+    fault.setFaultCode("SOAP-ENV:Client");
+    fault.setFaultString("The request cannot be read.");
+    fault.setDetail(&details);
+
+    BRIMMemoryOutputStream bytes;
+    KORVASOAPFaultSerializer().serialize(nullptr, fault, bytes, true, true);
+    return {bytes.str(), bytes.pcount()};
 }
 
 std::string write(KORVAPortTypeBinding& binding) {
@@ -100,7 +119,7 @@ private:
             exchange.binding = {};
             exchange.refusal = error.getMessages()[0].getId();
             response.status = 500;
-            response.set_content(faultEnvelope(exchange.refusal), contentType);
+            response.set_content(faultEnvelope(error.getMessages()[0]), contentType);
         }
     }
 

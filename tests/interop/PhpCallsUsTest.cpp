@@ -179,9 +179,16 @@ TEST(PhpCallsUs, SendsAnEnvelopeOfSoap12WhichIsRefused) {
     EXPECT_EQ(php.refusal(), 0xEA46D8C9u);
 }
 
-TEST(PhpCallsUs, TellsARefusalAsAFault) {
+TEST(PhpCallsUs, ReadsOurFaultWithItsDetails) {
     const PhpClient php("surplus-argument");
-    EXPECT_EQ(php.printed(), "fault: e:Client: 0xEA4112C6\n");
+    EXPECT_EQ(php.printed(),
+              "fault: SOAP-ENV:Client: The request cannot be read.\n"
+              "detail: object\n"
+              "  exception: object\n"
+              "    errorCode: \"0xEA4112C6\"\n"
+              "    message: array of 1\n"
+              "      [1]: object\n"
+              "        message: \"KORVA message 0xea4112c6: run, reportService\"\n");
 }
 
 // ----- arrays -----

@@ -32,6 +32,7 @@ public:
 
     /// Sends the binding's input message, and reads the reply into its output message.
     /// @throws std::runtime_error there is no reply
+    /// @throws KORVASOAPFaultException the reply is a fault
     /// @throws Refusal the library refuses the reply
     void call(KORVAPortTypeBinding& binding);
 

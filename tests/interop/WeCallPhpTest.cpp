@@ -20,6 +20,7 @@
 #include <korva/KORVAMapGetMapInfo_Reply.h>
 #include <korva/KORVAMapGetMapPreview_Reply.h>
 #include <korva/KORVAMapInfoArray.h>
+#include <korva/KORVAMessageArray.h>
 #include <korva/KORVAMonitorAdd_Reply.h>
 #include <korva/KORVAMonitorAdd_Request.h>
 #include <korva/KORVAMonitorServicePortType.h>
@@ -35,12 +36,16 @@
 #include <korva/KORVARunOptionEnum.h>
 #include <korva/KORVARunOptionInt.h>
 #include <korva/KORVARunOptionStringArray.h>
+#include <korva/KORVASOAPFault.h>
+#include <korva/KORVASOAPFaultException.h>
 #include <korva/KORVASearchPathSingleObject.h>
 #include <korva/KORVASimpleParmValueItem.h>
 #include <korva/KORVAStringArray.h>
 #include <korva/KORVAStringProp.h>
 #include <korva/KORVATokenProp.h>
 #include <korva/KORVATracking.h>
+#include <korva/KORVAUndocumentedFaultDetail.h>
+#include <korva/KORVAUndocumentedFaultDetailArray.h>
 #include <korva/KORVAValidateContentLocale_Reply.h>
 #include <korva/KORVAValidateContentLocale_Request.h>
 #include <korva/KORVAVelmoraTabulonPortType.h>
@@ -434,10 +439,62 @@ TEST(WeCallPhp, RefusesAReferenceToASharedObjectWhoseClassIsNotTold) {
     EXPECT_THAT(server.reply().body, HasSubstr("<item href=\"#ref1\"/>"));
 }
 
-TEST(WeCallPhp, RefusesAFault) {
+// ----- faults -----
+
+TEST(WeCallPhp, ReadsAFault) {
     PhpServer server("fault");
     const Call call = runCall();
-    EXPECT_EQ(refusalOf(server, call), 0xEA4F0002u);
+    try {
+        server.call(*call);
+        FAIL() << "the fault was not raised";
+    } catch (const KORVASOAPFaultException& error) {
+        EXPECT_STREQ(error.getSOAPFault().getFaultCode(), "SOAP-ENV:Server");
+        EXPECT_STREQ(error.getSOAPFault().getFaultString(), "not <today>");
+        EXPECT_STREQ(error.getSOAPFault().getFaultActor(), "urn:actor");
+    }
     EXPECT_EQ(server.reply().status, 500);
     EXPECT_EQ(server.understood(), plainRun);
+}
+
+TEST(WeCallPhp, ReadsAFaultWithDetails) {
+    PhpServer server("fault-with-details");
+    const Call call = runCall();
+    try {
+        server.call(*call);
+        FAIL() << "the fault was not raised";
+    } catch (const KORVASOAPFaultException& error) {
+        KORVAUndocumentedFaultDetailArray* const details =
+            error.getSOAPFault().getUndocumentedDetail();
+        ASSERT_NE(details, nullptr);
+        ASSERT_EQ(details->size(), 1u);
+        EXPECT_STREQ(details->at(0)->getSeverity(), "error");
+        EXPECT_STREQ(details->at(0)->getErrorCodeString(), "RPT-1");
+        std::string messages;
+        error.getSOAPFaultMessages(messages);
+        EXPECT_EQ(messages, "no room");
+    }
+}
+
+TEST(WeCallPhp, ReadsAFaultWithDetailsOfAnotherKindAsEmptyOnes) {
+    PhpServer server("fault-with-foreign-details");
+    const Call call = runCall();
+    try {
+        server.call(*call);
+        FAIL() << "the fault was not raised";
+    } catch (const KORVASOAPFaultException& error) {
+        EXPECT_THAT(server.reply().body, HasSubstr("<detail><code>7</code>"));
+        KORVAUndocumentedFaultDetailArray* const details =
+            error.getSOAPFault().getUndocumentedDetail();
+        ASSERT_NE(details, nullptr);
+        ASSERT_EQ(details->size(), 2u);
+        EXPECT_EQ(details->at(0)->getErrorCodeString(), nullptr);
+        EXPECT_EQ(details->at(1)->getMessage().size(), 0u);
+    }
+}
+
+TEST(WeCallPhp, RefusesAFaultWithElementsOfItsOwnInItsDetails) {
+    PhpServer server("fault-with-deep-foreign-details");
+    const Call call = runCall();
+    EXPECT_EQ(refusalOf(server, call), 0xEA41BF21u);
+    EXPECT_THAT(server.reply().body, HasSubstr("<detail><cause><code>7</code></cause></detail>"));
 }

@@ -67,6 +67,9 @@ function wsdl(string $schemaFolder, string $service): string {
 /** A value as an indented tree; what is no UTF-8 is shown in hexadecimal digits. */
 function tree(string $name, mixed $value, int $level = 0): string {
     $line = str_repeat('  ', $level) . "$name: ";
+    if ($value instanceof SoapVar) { // what no WSDL describes
+        $value = $value->enc_value;
+    }
     if (is_array($value)) {
         $line .= 'array of ' . count($value);
         $children = array_values($value);

@@ -269,4 +269,5 @@ try {
     echo tree('result', $result);
 } catch (SoapFault $fault) {
     echo "fault: $fault->faultcode: $fault->faultstring\n";
+    echo tree('detail', $fault->detail ?? null);
 }

@@ -169,7 +169,22 @@ $cases = [
         'asynchReply',
         BUS)],
 
-    'fault' => ['reportService', [], fn () => throw new SoapFault('Server', 'not today')],
+    'fault' => ['reportService', [], fn () => throw new SoapFault(
+        'Server', 'not <today>', 'urn:actor')],
+
+    'fault-with-details' => ['reportService', [], fn () => throw new SoapFault(
+        'Server', 'not today', null, new SoapVar(
+            '<detail xmlns:b="' . BUS . '"><b:exception><b:severity>error</b:severity>'
+                . '<b:errorCode>RPT-1</b:errorCode><b:message><b:messageString>no room'
+                . '</b:messageString><b:nestingLevel>1</b:nestingLevel></b:message>'
+                . '</b:exception></detail>',
+            XSD_ANYXML))],
+
+    'fault-with-foreign-details' => ['reportService', [], fn () => throw new SoapFault(
+        'Server', 'not today', null, (object) ['code' => 7, 'hint' => 'later'])],
+
+    'fault-with-deep-foreign-details' => ['reportService', [], fn () => throw new SoapFault(
+        'Server', 'not today', null, (object) ['cause' => (object) ['code' => 7]])],
 ];
 
 [$serviceName, $options, $reply] = $cases[$case];
