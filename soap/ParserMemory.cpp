@@ -16,12 +16,15 @@ struct alignas(std::max_align_t) ParserMemory::Header {
 struct alignas(std::max_align_t) ParserMemory::Slab {
     Slab* next;
     Slab* previous;
+    std::size_t size;
 };
 
 namespace {
 
 constexpr std::size_t smallestSize = 32;
 constexpr std::size_t slabSize = 65536;
+/// A parser for an ordinary document has some 300 KB.
+constexpr std::size_t ordinarySize = std::size_t{2} << 20U;
 
 }  // namespace
 
@@ -43,15 +46,17 @@ std::size_t ParserMemory::classOf(std::size_t size) {
 ParserMemory::Slab* ParserMemory::addSlab(std::size_t size) {
     void* const memory = ::operator new(sizeof(Slab) + size, std::nothrow);
     if (memory == nullptr) throw xercesc::OutOfMemoryException();
-    auto* const slab = new (memory) Slab{m_slabs, nullptr};
+    auto* const slab = new (memory) Slab{m_slabs, nullptr, size};
     if (m_slabs != nullptr) m_slabs->previous = slab;
     m_slabs = slab;
+    m_slabsSize += size;
     return slab;
 }
 
 void ParserMemory::removeSlab(Slab* slab) noexcept {
     if (slab->next != nullptr) slab->next->previous = slab->previous;
     (slab->previous != nullptr ? slab->previous->next : m_slabs) = slab->next;
+    m_slabsSize -= slab->size;
     ::operator delete(slab);
 }
 
@@ -103,6 +108,10 @@ void ParserMemory::release() noexcept {
     m_free = nullptr;
     m_freeSize = 0;
     m_freeBlocks.fill(nullptr);
+}
+
+void ParserMemory::trim() noexcept {
+    if (m_slabsSize > ordinarySize) release();
 }
 
 }  // namespace korva

@@ -34,6 +34,9 @@ public:
     /// Frees all blocks, given back or not.
     void release() noexcept;
 
+    /// Between two parsers: frees what the last one needed beyond the ordinary.
+    void trim() noexcept;
+
 private:
     /// What stands before each block.
     struct Header;
@@ -53,6 +56,7 @@ private:
 
     std::size_t m_largestBlock = static_cast<std::size_t>(-1);
     Slab* m_slabs = nullptr;
+    std::size_t m_slabsSize = 0;
     char* m_free = nullptr;  ///< what is not cut yet of the newest slab
     std::size_t m_freeSize = 0;
     std::array<Header*, classCount> m_freeBlocks{};

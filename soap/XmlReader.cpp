@@ -178,10 +178,12 @@ void XmlReader::parse(BRIMInputStream& stream, xercesc::ContentHandler& handler,
     m_memory.setLargestBlock(m_limits.text < std::numeric_limits<std::size_t>::max() / 8
                                  ? 4 * m_limits.text + fixedSize
                                  : std::numeric_limits<std::size_t>::max() / 2);
+    m_memory.trim();  // a failure may have left much behind
     ReadGuard guard(handler, m_limits, entryPoint.function);
     try {
         try {
             runParser(stream, guard, dtdHandler);
+            m_memory.trim();
         } catch (const ParserMemory::BlockTooLarge&) {
             guard.refuseText();
         }

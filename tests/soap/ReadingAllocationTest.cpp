@@ -85,6 +85,22 @@ TEST(ReadingAllocation, ADeserializerServesOnAfterEachFailure) {
     }
 }
 
+TEST(ReadingAllocation, ADeserializerGivesBackWhatALargeDocumentNeeded) {
+    std::string names;
+    for (int i = 0; i != 50'000; ++i)
+        names += "<n" + std::to_string(i) + "/>";
+    const std::string large = operation("run", "", "<x>" + names + "</x>");
+    const std::string broken = large.substr(0, large.size() - 1);
+    KORVASOAPMessageIDeserializer deserializer;
+    readRequest(deserializer, request());
+    const std::size_t live = korva::test::liveAllocations();
+    readRequest(deserializer, large);
+    EXPECT_LT(korva::test::liveAllocations(), live + 10);
+    EXPECT_THROW(readRequest(deserializer, broken), ZELThrowable);
+    readRequest(deserializer, request());
+    EXPECT_LT(korva::test::liveAllocations(), live + 10);
+}
+
 TEST(ReadingAllocation, AFailureWhileAFailureIsToldLeavesNothingBehind) {
     // Either may come out: what was to be told, or that there is no memory for it.
     const std::string text = operation("run", "<objectPath xsi:type=\"bus:folder\"/>");
