@@ -1,5 +1,6 @@
 // Whole envelopes, byte for byte as the files of tests/data/envelopes have them.
 #include "tests/soap/SampleMessages.h"
+#include "tests/support/Golden.h"
 #include "tests/support/TestStreams.h"
 
 #include <korva/KORVAMapGetMapPreview_Reply.h>
@@ -10,8 +11,6 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
 #include <string>
 
 namespace {
@@ -19,22 +18,9 @@ namespace {
 using korva::test::Call;
 using korva::test::CollectingStream;
 using korva::test::fillHeader;
+using korva::test::goldenEnvelope;
 using korva::test::makeActivateCall;
 using korva::test::makeRunCall;
-
-/// The file, with the namespaces' authority that this build has.
-std::string golden(const std::string& name) {
-    const std::string path = KORVA_TEST_DATA_DIR "/envelopes/" + name + ".xml";
-    std::ifstream file(path, std::ios::binary);
-    EXPECT_TRUE(file) << "cannot read " << path;
-    std::string text{std::istreambuf_iterator<char>(file), {}};
-    const std::string authority = "http://bus.korva.example";
-    const std::string ours = KORVA_TEST_AUTHORITY;
-    for (std::size_t at = text.find(authority); at != std::string::npos;
-         at = text.find(authority, at + ours.size()))
-        text.replace(at, authority.size(), ours);
-    return text;
-}
 
 std::string written(KORVAPortTypeBinding& binding, KORVAMessageI& message,
                     bool writeNullElements = false, bool writeXmlDeclaration = true) {
@@ -48,44 +34,47 @@ std::string written(KORVAPortTypeBinding& binding, KORVAMessageI& message,
 
 TEST(EnvelopeGolden, RequestWithoutHeader) {
     const Call call = makeActivateCall("abc");
-    EXPECT_EQ(written(*call, call->getInputMessage()), golden("request-without-header"));
+    EXPECT_EQ(written(*call, call->getInputMessage()), goldenEnvelope("request-without-header"));
 }
 
 TEST(EnvelopeGolden, RequestWithHeader) {
     const Call call = makeRunCall();
     fillHeader(call->getInputMessage());
     korva::test::fillRunRequest(call->getInputMessage());
-    EXPECT_EQ(written(*call, call->getInputMessage()), golden("request-with-header"));
+    EXPECT_EQ(written(*call, call->getInputMessage()), goldenEnvelope("request-with-header"));
 }
 
 TEST(EnvelopeGolden, RequestWithNullParameters) {
     const Call call = makeRunCall();
-    EXPECT_EQ(written(*call, call->getInputMessage()), golden("request-with-null-parameters"));
+    EXPECT_EQ(written(*call, call->getInputMessage()),
+              goldenEnvelope("request-with-null-parameters"));
 }
 
 TEST(EnvelopeGolden, RequestWithNullElements) {
     const Call call = makeRunCall();
     fillHeader(call->getInputMessage());
     korva::test::fillRunRequest(call->getInputMessage());
-    EXPECT_EQ(written(*call, call->getInputMessage(), true), golden("request-with-null-elements"));
+    EXPECT_EQ(written(*call, call->getInputMessage(), true),
+              goldenEnvelope("request-with-null-elements"));
 }
 
 TEST(EnvelopeGolden, RequestWithoutXmlDeclaration) {
     const Call call = makeActivateCall("abc");
     EXPECT_EQ(written(*call, call->getInputMessage(), false, false),
-              golden("request-without-xml-declaration"));
+              goldenEnvelope("request-without-xml-declaration"));
 }
 
 TEST(EnvelopeGolden, RequestWithoutOperation) {
     const Call call = makeActivateCall("abc");
     const Call nameless = KORVAPortTypeBinding::create(
         "", "", "", call->getBoundPortType(), call->getInputMessage(), call->getOutputMessage());
-    EXPECT_EQ(written(*nameless, nameless->getInputMessage()), golden("request-without-operation"));
+    EXPECT_EQ(written(*nameless, nameless->getInputMessage()),
+              goldenEnvelope("request-without-operation"));
 }
 
 TEST(EnvelopeGolden, RequestWithMarkup) {
     const Call call = makeActivateCall("<a href=\"x\">&amp; 'b'\r\n\tc</a>");
-    EXPECT_EQ(written(*call, call->getInputMessage()), golden("request-with-markup"));
+    EXPECT_EQ(written(*call, call->getInputMessage()), goldenEnvelope("request-with-markup"));
 }
 
 TEST(EnvelopeGolden, RequestBeyondAscii) {
@@ -93,18 +82,18 @@ TEST(EnvelopeGolden, RequestBeyondAscii) {
         "Gr\xC3\xB6\xC3\x9F"
         "e \xE2\x82\xAC \xE6\x97\xA5\xE6\x9C\xAC "
         "\xF0\x9F\x98\x80");
-    EXPECT_EQ(written(*call, call->getInputMessage()), golden("request-beyond-ascii"));
+    EXPECT_EQ(written(*call, call->getInputMessage()), goldenEnvelope("request-beyond-ascii"));
 }
 
 TEST(EnvelopeGolden, ReplyWithoutParameters) {
     const Call call = makeActivateCall("abc");
-    EXPECT_EQ(written(*call, call->getOutputMessage()), golden("reply-without-parameters"));
+    EXPECT_EQ(written(*call, call->getOutputMessage()), goldenEnvelope("reply-without-parameters"));
 }
 
 TEST(EnvelopeGolden, ReplyWithDetails) {
     const Call call = makeRunCall();
     korva::test::fillRunReply(call->getOutputMessage());
-    EXPECT_EQ(written(*call, call->getOutputMessage()), golden("reply-with-details"));
+    EXPECT_EQ(written(*call, call->getOutputMessage()), goldenEnvelope("reply-with-details"));
 }
 
 TEST(EnvelopeGolden, ReplyWithAttachment) {
@@ -115,7 +104,7 @@ TEST(EnvelopeGolden, ReplyWithAttachment) {
     reply.getObjectRegistry()->registerPointer(image);
     image->setIsContentId(true);
     reply.setResult(image);
-    EXPECT_EQ(written(*call, reply), golden("reply-with-attachment"));
+    EXPECT_EQ(written(*call, reply), goldenEnvelope("reply-with-attachment"));
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include "tests/soap/Reading.h"
 #include "tests/soap/SampleMessages.h"
 #include "tests/support/ExpectThrow.h"
+#include "tests/support/Golden.h"
 
 #include <brim/BRIMFileInputStream.h>
 #include <korva/KORVAAsynchDetailReportOutput.h>
@@ -29,8 +30,6 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -60,19 +59,6 @@ std::string write(KORVAPortTypeBinding& binding, KORVAMessageI& message) {
     CollectingStream stream;
     KORVASOAPMessageISerializer().serialize(binding, message, stream);
     return stream.text;
-}
-
-std::string readFile(const std::string& name) {
-    std::ifstream file(KORVA_TEST_DATA_DIR "/envelopes/" + name);
-    std::ostringstream text;
-    text << file.rdbuf();
-    std::string result = text.str();
-    // The files have the default authority.
-    const std::string authority = "http://bus.korva.example";
-    for (std::size_t at = 0; (at = result.find(authority, at)) != std::string::npos;
-         at += sizeof KORVA_TEST_AUTHORITY - 1)
-        result.replace(at, authority.size(), KORVA_TEST_AUTHORITY);
-    return result;
 }
 
 // ----- a call -----
@@ -122,9 +108,9 @@ TEST(EnvelopeReading, AClientsBindingIsNotReferenced) {
 TEST(EnvelopeReading, GoldenRequestsAreWrittenBackToTheSameBytes) {
     const std::vector<KORVAPortTypeI*> offered = {&KORVAReportServicePortType::getInstance(),
                                                   &KORVAVelmoraTabulonPortType::getInstance()};
-    for (const char* const name : {"request-beyond-ascii.xml", "request-with-header.xml",
-                                   "request-with-markup.xml", "request-without-header.xml"}) {
-        const std::string text = readFile(name);
+    for (const char* const name : {"request-beyond-ascii", "request-with-header",
+                                   "request-with-markup", "request-without-header"}) {
+        const std::string text = korva::test::goldenEnvelope(name);
         ASSERT_FALSE(text.empty()) << name;
         BRIMMemoryInputStream stream(text.data(), text.size());
         KORVASOAPMessageIDeserializer deserializer;
@@ -135,9 +121,9 @@ TEST(EnvelopeReading, GoldenRequestsAreWrittenBackToTheSameBytes) {
 }
 
 TEST(EnvelopeReading, GoldenRepliesAreWrittenBackToTheSameBytes) {
-    for (const char* const name : {"reply-with-details.xml"}) {
+    for (const char* const name : {"reply-with-details"}) {
         const Binding call = makeCall(KORVAMessageI::eKORVAAsynchRun_Request);
-        const std::string text = readFile(name);
+        const std::string text = korva::test::goldenEnvelope(name);
         ASSERT_FALSE(text.empty()) << name;
         readReply(*call, text);
         EXPECT_EQ(write(*call, call->getOutputMessage()), text) << name;
