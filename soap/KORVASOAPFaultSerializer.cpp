@@ -5,7 +5,6 @@
 #include <i18n/KORVAI18NRes.h>
 #include <korva/KORVAFaultDetail.h>
 #include <korva/KORVAFaultDetailArray.h>
-#include <korva/KORVAHalyardHeader.h>
 #include <korva/KORVAMessage.h>
 #include <korva/KORVAMessageArray.h>
 #include <korva/KORVASOAPFault.h>
