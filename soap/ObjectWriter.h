@@ -1,21 +1,55 @@
-// The one place that decides how an object looks on the wire.
+// How objects look on the wire.
 #pragma once
 
-#include "core/ChildWalk.h"
 #include "core/Descriptor.h"
-#include "soap/WireTokens.h"
+#include "soap/ObjectEvents.h"
 
 #include <cstddef>
 #include <string_view>
-#include <vector>
 
 class BRIMOutputStream;
-class KORVAXSBase64Binary;
 
 namespace korva {
 
-/// Writes values to a stream as encoded elements, straight from the objects. The objects that are
-/// open stand on a list, not on the call stack, so that depth is bounded by memory only.
+/// The sink that writes what it is told as tags and text.
+class WireSink {
+public:
+    WireSink(BRIMOutputStream& stream, bool isLiteral) : m_stream(stream), m_isLiteral(isLiteral) {}
+
+    /// Where the next root is to stand, and whether it declares the namespaces.
+    void startRoot(int level, bool writeNamespaces) {
+        m_rootLevel = level;
+        m_writeNamespaces = writeNamespaces;
+    }
+
+    void startElement(const ElementName& name, std::size_t depth);
+    void type(std::string_view text);
+    void arrayType(std::string_view elementType, std::string_view brackets);
+    void endNull(bool isArray);
+    void endEmpty();
+    void openChildren();
+    void openText();
+    template <class Write>
+    void reference(const Write& write);
+    void value(std::string_view text) { put(text); }
+    template <class Write>
+    void characters(const Write& write);
+    template <class Write>
+    void base64(const Write& write);
+    void endElement(const ElementName& name, std::size_t depth, bool hasChildren);
+
+private:
+    void put(std::string_view token);
+    void putBehindType(std::string_view token);
+    int levelOf(std::size_t depth) const { return m_rootLevel + static_cast<int>(depth); }
+
+    BRIMOutputStream& m_stream;
+    const bool m_isLiteral;
+    bool m_writeNamespaces = false;
+    int m_rootLevel = 0;
+};
+
+/// Writes values to a stream as encoded elements, straight from the objects.
 ///
 /// After an exception a writer is of no more use.
 class ObjectWriter {
@@ -35,48 +69,8 @@ public:
                bool writeNamespaces, bool force);
 
 private:
-    struct Element {
-        const wire::TagForm& form;
-        std::string_view name;  ///< what follows the form's tokens
-        const void* object;
-        ObjectType type;
-        int level;
-    };
-
-    /// An object whose start tag is written and whose children are being visited.
-    struct Frame {
-        Frame(const Element& element, bool skipUnset);
-
-        ChildWalk walk;
-        const wire::TagForm* form;
-        std::string_view name;
-        int level;
-        bool isMultiLine;
-        bool isOpened;  ///< the start tag has its ">"
-    };
-
-    void put(std::string_view token);
-    void putBehindType(std::string_view token);
-
-    void writeElement(const Element& element, bool writeNamespaces, bool force);
-    void writeType(const Element& element, const TypeDescriptor* row, bool isArray);
-    void writeArrayType(const char* elementType, const void* array);
-    void writeValue(const Element& element);
-    void writeText(const char* text);
-    void writeBinary(const KORVAXSBase64Binary& value);
-
-    void openObject(const Element& element);
-    void writeNextChild();
-    void writeContent(Frame& frame, const Child& child);
-    void closeObject();
-
-    void startLine(const wire::LineToken& token, int level);
-    void writeEndTag(const wire::TagForm& form, std::string_view name, int level);
-
-    BRIMOutputStream& m_stream;
-    const bool m_writeNullElements;
-    const bool m_isLiteral;
-    std::vector<Frame> m_frames;
+    WireSink m_sink;
+    ObjectEvents<WireSink> m_events;
 };
 
 }  // namespace korva

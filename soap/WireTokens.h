@@ -22,9 +22,12 @@ class LineToken {
 public:
     static constexpr std::size_t maxTabs = 64;
 
-    explicit consteval LineToken(std::string_view token) : m_length(token.size()) {
+    /// A token of two parts.
+    explicit consteval LineToken(std::string_view mark, std::string_view name = {})
+        : m_length(mark.size() + name.size()) {
         m_text.fill('\t');
-        std::copy(token.begin(), token.end(), m_text.begin() + maxTabs);
+        std::copy(name.begin(), name.end(),
+                  std::copy(mark.begin(), mark.end(), m_text.begin() + maxTabs));
     }
 
     /// The token behind `tabs` tabs, of which there are no more than maxTabs.
@@ -37,12 +40,6 @@ private:
 
     std::array<char, maxTabs + maxLength> m_text{};
     std::size_t m_length;
-};
-
-/// How the tags of an element start.
-struct TagForm {
-    LineToken start;
-    LineToken end;
 };
 
 // Where one constant always follows another they stand as one token. The start tag's last quote,
@@ -60,9 +57,6 @@ inline constexpr std::string_view typeEndsEmptyTag = "\"/>\n";
 inline constexpr std::string_view typeEndsNilTag = "\" xsi:nil=\"true\"/>\n";
 inline constexpr std::string_view typeThenContentId = "\" href=\"cid:";
 inline constexpr std::string_view contentIdEndsTag = "\">";
-
-inline constexpr std::string_view trueText = "true";
-inline constexpr std::string_view falseText = "false";
 
 inline constexpr std::string_view xmlDeclaration = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
 inline constexpr std::string_view envelopeEnd = "</SOAP-ENV:Envelope>\n";
