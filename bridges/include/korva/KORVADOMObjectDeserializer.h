@@ -1,0 +1,35 @@
+// The reader of documents in memory.
+#pragma once
+
+#include <korva/KORVADOMObjectDeserializerI.h>
+#include <korva/KORVAObjectRegistryI.h>
+#include <zel/ZELSmartPointer.h>
+
+#include <xercesc/util/XercesDefs.hpp>
+
+class ZELIDOM_Node;
+
+XERCES_CPP_NAMESPACE_BEGIN
+class ContentHandler;
+XERCES_CPP_NAMESPACE_END
+
+/// Replays the document as SAX2 events to the reader that serves streams, so that there is one
+/// reader. Does not recurse: depth costs memory, not stack.
+class KORVA_EXPORT KORVADOMObjectDeserializer : public KORVADOMObjectDeserializerI {
+public:
+    KORVADOMObjectDeserializer();
+    ~KORVADOMObjectDeserializer() override;
+
+    KORVASchemaTypeI* deserialize(const ZELIDOM_Element& domIn,
+                                  KORVAObjectRegistryI* registry = nullptr,
+                                  unsigned flags = 0) override;
+
+    /// Tells a handler of an element with all that it holds, as a parser would: mappings of
+    /// prefixes, elements, and texts. An element without a local name is told of by its node name.
+    /// @throws ZELAssertError `nodeIn` is null or no element
+    /// What the handler throws passes through.
+    static void replay(const ZELIDOM_Node& nodeIn, xercesc::ContentHandler& contentHandler);
+
+private:
+    ZELSmartPointer<KORVAObjectRegistryI> m_registry;  ///< of the last object, unless the caller's
+};
