@@ -136,10 +136,11 @@ KORVASchemaTypeI::ObjectType KORVASchemaTypeIContentHandler::getParamType() cons
 void* KORVASchemaTypeIContentHandler::getParamValue() {
     if (m_unknownDepth > 0 || m_objStack.empty()) return nullptr;
     Entry& param = m_objStack.back();
-    setCurrentCharacterData(param);
     // The end of a text or binary is not told here, so there is no later place for this.
     if (m_hasContentId && (Factory::isString(param.type) || Factory::isBase64(param.type)))
         referToAttachment(param);
+    else
+        setCurrentCharacterData(param);
     return param.value;
 }
 
@@ -531,6 +532,7 @@ void KORVASchemaTypeIContentHandler::referToAttachment(Entry& param) {
     registerReference(*attached, param.type, 0);
     param.value = attached->valueFor(param.type);
     m_hasContentId = false;
+    m_hasText = false;
 }
 
 /// Tells the attachment handler of the content of `object`: a reference must not get lost.
