@@ -1,6 +1,7 @@
 #include "tests/roundtrip/RandomValues.h"
 
 #include <cstddef>
+#include <iterator>
 #include <limits>
 
 namespace korva::test {

@@ -12,7 +12,6 @@
 
 #include <charconv>
 #include <cstddef>
-#include <cstring>
 #include <vector>
 
 namespace korva::test {
