@@ -4,6 +4,7 @@
 #include <korva/KORVASchemaTypeI.h>
 
 #include <memory>
+#include <string>
 
 class KORVAFaultDetailArray;
 class KORVAObjectRegistryI;
