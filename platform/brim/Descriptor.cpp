@@ -11,8 +11,8 @@
 #include <sys/stat.h>
 #include <wchar.h>
 #else
+#include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <fcntl.h>
 #include <unistd.h>
 #endif
@@ -93,14 +93,11 @@ int brim::openTemporaryDescriptor() noexcept {
     const char* folder = std::getenv("TMPDIR");
     if (folder == nullptr || *folder == '\0') folder = "/tmp";
     char path[4096];
-    constexpr char name[] = "/brim-XXXXXX";
-    const std::size_t length = std::strlen(folder);
-    if (length > sizeof path - sizeof name) {
+    const int length = std::snprintf(path, sizeof path, "%s/brim-XXXXXX", folder);
+    if (length < 0 || static_cast<std::size_t>(length) >= sizeof path) {
         errno = ENAMETOOLONG;
         return -1;
     }
-    std::memcpy(path, folder, length);
-    std::memcpy(path + length, name, sizeof name);
     const int descriptor = ::mkstemp(path);
     if (descriptor < 0) return -1;
     ::unlink(path);
@@ -112,8 +109,7 @@ int brim::openTemporaryDescriptor() noexcept {
 long long brim::readDescriptorAt(int descriptor, unsigned long long offset, char* buffer,
                                  std::size_t size) noexcept {
     for (;;) {
-        const long long count =
-            readAtOnce(descriptor, offset, buffer, std::min(size, largestStep));
+        const long long count = readAtOnce(descriptor, offset, buffer, std::min(size, largestStep));
         if (count >= 0 || errno != EINTR) return count;
     }
 }

@@ -12,8 +12,8 @@ long long readDescriptor(int descriptor, char* buffer, std::size_t size) noexcep
 bool writeDescriptor(int descriptor, const char* bytes, std::size_t length) noexcept;
 
 /// Opens a new file for reading and writing that has no name and goes with the descriptor, in the
-/// folder for temporary files (`TMPDIR`, where systems have it). Returns -1 with `errno` set if that
-/// fails.
+/// folder for temporary files (`TMPDIR`, where systems have it). Returns -1 with `errno` set if
+/// that fails.
 int openTemporaryDescriptor() noexcept;
 
 /// Reads once at `offset`, again if a signal came first. Writing goes on at the end of the file.
