@@ -62,8 +62,10 @@ private:
         for (const korva::WideDeclaration& declaration : declarations) {
             const bool isBus = &declaration == declarations.end() - 1;
             if (isBus && m_targetNamespace.empty()) continue;
-            element.setAttribute(declaration.name.qName,
-                                 isBus ? m_targetNamespace.wide() : declaration.uri);
+            // In the namespace of declarations: whoever writes the document out would not know
+            // plain attributes for what they are, and declare the prefixes once more.
+            element.setAttributeNS(declaration.name.uri, declaration.name.qName,
+                                   isBus ? m_targetNamespace.wide() : declaration.uri);
         }
     }
 

@@ -17,8 +17,8 @@ public:
     /// it yet. All elements are in the bus namespace; children are named "bus:" and their name,
     /// entries of arrays "item". An unset child has no element, an empty text no text node.
     ///
-    /// The namespaces are declared on the new element, as plain attributes. A failure leaves what
-    /// was made to the document, without a place in it.
+    /// The namespaces are declared on the new element. A failure leaves what was made to the
+    /// document, without a place in it.
     /// @param object as KORVAObjectSerializerI tells for each type. Null is written as such if it
     /// is
     ///     an array

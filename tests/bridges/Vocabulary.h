@@ -1,0 +1,45 @@
+/// The types of the schema, and objects of them at random.
+#pragma once
+
+#include "tests/roundtrip/RandomValues.h"
+#include "tests/support/ObjectFiller.h"
+#include "tests/support/Registry.h"
+#include "tests/support/SchemaScan.h"
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+namespace korva::test {
+
+/// All types of the schema, read once.
+const Schema& vocabulary();
+
+/// Calls `action` with objects of each concrete type that a document can have as its root, filled
+/// at random, `seeds` times. Returns how many there were.
+template <class Action>
+std::size_t forEachRandomObject(std::uint32_t seeds, Action action) {
+    const Registry registry = makeRegistry();
+    RandomValues values;
+    ObjectFiller filler(vocabulary(), registry, values);
+    std::size_t count = 0;
+    for (const auto& [name, type] : vocabulary()) {
+        if (type.isAbstract) continue;
+        if (type.family == SchemaType::eEnum && type.words.empty()) continue;
+        // Of arrays a document tells the type of the elements only.
+        if (type.family == SchemaType::eArray && "bus:" + name != type.element + "Array") continue;
+        for (std::uint32_t seed = 1; seed <= seeds; ++seed) {
+            SCOPED_TRACE(name + ", seed " + std::to_string(seed));
+            values.restart(seed * 7919U + static_cast<std::uint32_t>(identityOf("bus:" + name)));
+            action(filler.make(name));
+            registry->clean();
+            ++count;
+            if (testing::Test::HasFailure()) return count;
+        }
+    }
+    return count;
+}
+
+}  // namespace korva::test
