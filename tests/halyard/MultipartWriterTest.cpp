@@ -67,8 +67,8 @@ TEST(MultipartWriter, WhatItWritesReadsBack) {
     HALYARDTKMultipartWriter writer(out);
     write(writer.beginRoot(), "<e/>");
     std::string binary;
-    for (int i = 0; i < 100000; ++i)
-        binary += static_cast<char>(i * i >> 3);
+    for (unsigned i = 0; i < 100000; ++i)
+        binary += static_cast<char>(i * i >> 3U);
     PiecewiseInput content(binary, 777);
     writer.writePart("one", "application/octet-stream", content);
     PiecewiseInput again(binary, 777);
