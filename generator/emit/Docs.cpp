@@ -3,8 +3,10 @@
 #include "generator/emit/Text.h"
 
 #include <algorithm>
+#include <initializer_list>
 #include <map>
 #include <set>
+#include <string_view>
 
 namespace korva::schemac::emit {
 
@@ -42,10 +44,17 @@ std::string anchorOf(std::string_view heading) {
     return out;
 }
 
+std::string concatenated(std::initializer_list<std::string_view> parts) {
+    std::string out;
+    for (const std::string_view part : parts)
+        out += part;
+    return out;
+}
+
 // Classes and enumerations have a heading to go to; the others stand in tables.
 std::string linkTo(const Type& type) {
     if (type.kind != TypeKind::Class && type.kind != TypeKind::Enum) return code(type.name);
-    return "[" + code(type.name) + "](" + anchorOf(type.name) + ")";
+    return concatenated({"[", code(type.name), "](", anchorOf(type.name), ")"});
 }
 
 // A type as the schema names it, without the prefix of its own namespace.
@@ -93,12 +102,14 @@ void printFields(Printer& printer, const Type& type) {
     printer.print(hasMeaning ? "\n\n| field | type | meaning |\n|---|---|---|\n"
                              : "\n\n| field | type |\n|---|---|\n");
     for (const Field& field : type.fields) {
-        const std::string row = "| " + code(field.name) + " | " + typeName(field.reference) + " |";
+        const std::string row =
+            concatenated({"| ", code(field.name), " | ", typeName(field.reference), " |"});
         printer.print(
             "$row$$meaning$\n",
             {{"row", row},
              {"meaning",
-              hasMeaning ? " " + meaning(field.documentation, field.supplied) + " |" : ""}});
+              hasMeaning ? concatenated({" ", meaning(field.documentation, field.supplied), " |"})
+                         : ""}});
     }
 }
 
