@@ -1,4 +1,3 @@
-#include "core/Descriptor.h"
 #include "soap/Utf16.h"
 
 #include <korva/KORVADOMObjectDeserializer.h>
@@ -79,18 +78,12 @@ void endElement(const ZELIDOM_Node& element, xercesc::ContentHandler& handler) {
     });
 }
 
-/// Whether values of the type are made of their element's own text.
-bool isMadeOfText(KORVASchemaTypeI::ObjectType type) {
-    const korva::TypeDescriptor* const row = korva::findType(type);
-    return row != nullptr && row->fields == nullptr &&
-           row->elementType == KORVASchemaTypeI::e_Unknown &&
-           korva::findHandWrittenType(type) == nullptr;
-}
-
 /// The reader, with what a document in memory asks of it besides.
 class ContentHandler final : public KORVASchemaTypeIContentHandler {
 public:
     using KORVASchemaTypeIContentHandler::KORVASchemaTypeIContentHandler;
+
+    using KORVASchemaTypeIContentHandler::takesText;
 
     ObjectType getObjectType() const { return getParamType(); }
 
@@ -113,12 +106,10 @@ KORVASchemaTypeI* read(const ZELIDOM_Element& domIn, KORVAObjectRegistryI* regis
     I18NConverter converter;
     ContentHandler contentHandler(elementName(domIn), attributes, &mapping, registry, converter,
                                   KORVASchemaTypeI::e_Unknown);
-    // Of the texts in the root only that of an enumeration or a restricted string is a value.
-    const bool takesText = isMadeOfText(contentHandler.getObjectType());
     for (ZELIDOM_Node node = domIn.getFirstChild(); !node.isNull(); node = node.getNextSibling()) {
         if (isElement(node))
             KORVADOMObjectDeserializer::replay(node, contentHandler);
-        else if (takesText && isText(node))
+        else if (isText(node) && contentHandler.takesText())
             tellText(node, contentHandler);
     }
     // clang-format off

@@ -413,14 +413,18 @@ void KORVASchemaTypeIContentHandler::startText() {
     m_hasText = true;
 }
 
+bool KORVASchemaTypeIContentHandler::takesText() const {
+    return m_hasText && m_unknownDepth == 0 && !m_hasContentId && !m_objStack.empty() &&
+           m_objStack.back().takesText;
+}
+
 void KORVASchemaTypeIContentHandler::characters(const XMLCh* text, XMLSize_t length) {
     if (m_unknownDepth > 0) return;
     if (m_nilElement != nullptr) KORVA_RAISE(eKORVA_TextInNil, charactersLabel, m_nilElement);
     if (m_hasContentId)
         KORVA_RAISE(eKORVA_TextInReference, charactersLabel,
                     m_objStack.empty() ? "" : m_objStack.back().name, m_contentId.c_str());
-    // What stands between the children of a composite is nobody's.
-    if (!m_hasText || m_objStack.empty() || !m_objStack.back().takesText) return;
+    if (!takesText()) return;
     ZELByteBuffer& buffer = m_context->text;
     // A long text is moved less often than the buffer would by itself.
     if (buffer.pcount() >= largeText && buffer.capacity() - buffer.pcount() < length)

@@ -84,6 +84,11 @@ public:
     void startPrefixMapping(const XMLCh* prefix, const XMLCh* uri) override;
     void endPrefixMapping(const XMLCh* prefix) override;
 
+protected:
+    /// Whether text that comes now is part of the value of the element under construction: not in a
+    /// composite, where text between children is nobody's, nor in an element that must have none.
+    bool takesText() const;
+
 private:
     friend class KORVAMessageIContentHandler;
 
