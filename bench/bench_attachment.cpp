@@ -87,12 +87,13 @@ void resolve(benchmark::State& state, Factory factory) {
 
 void copyToContainers(benchmark::State& state, Factory factory) {
     const auto size = static_cast<std::size_t>(state.range(0));
+    const std::string& bytes = content();
     for (auto _ : state) {
         const ZELSmartPointer<KORVAObjectRegistry> registry(KORVAObjectRegistry::create());
         for (std::size_t i = 0; i < total / size; ++i) {
             auto* const container = factory();
             registry->registerPointer(container);
-            BRIMMemoryInputStream part(content().data() + i * size, size);
+            BRIMMemoryInputStream part(bytes.data() + i * size, size);
             char piece[2048];
             for (;;) {
                 const long long count = part.read(piece, sizeof piece);
@@ -140,7 +141,8 @@ constexpr Size sizes[] = {{1000, "1 KB"}, {megabyte, "1 MB"}, {total, "200 MB"}}
 
 int main(int argc, char** argv) {
     for (const auto& [bytes, name] : sizes) {
-        const std::string suffix = std::string("/") + std::to_string(bytes);
+        std::string suffix = "/";
+        suffix += std::to_string(bytes);
         const auto add = [bytes = bytes](const char* program, auto function) {
             benchmark::RegisterBenchmark(program, function)
                 ->Arg(bytes)
