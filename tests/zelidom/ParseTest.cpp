@@ -66,6 +66,11 @@ TEST(DocumentParsing, RefusesADocumentType) {
     EXPECT_EQ(textOf<ZELIDOM_Error>(
                   [] { parseDocument("<!DOCTYPE r SYSTEM 'file:///no/such.dtd'><r/>"); }),
               refusal);
+    // Before anything of it is read.
+    EXPECT_EQ(textOf<ZELIDOM_Error>([] {
+                  parseDocument("<!DOCTYPE r [<!ENTITY % e '<!x'>%e; no declaration]><r/>");
+              }),
+              refusal);
 }
 
 TEST(DocumentParsing, RefusesElementsThatAreNestedTooDeep) {
