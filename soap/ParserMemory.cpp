@@ -103,8 +103,12 @@ xercesc::MemoryManager* ParserMemory::getExceptionMemoryManager() {
 }
 
 void ParserMemory::release() noexcept {
-    while (m_slabs != nullptr)
-        removeSlab(m_slabs);
+    // The next slab is read before this one goes with what it holds.
+    for (Slab* slab = m_slabs; slab != nullptr;) {
+        Slab* const next = slab->next;
+        removeSlab(slab);
+        slab = next;
+    }
     m_free = nullptr;
     m_freeSize = 0;
     m_freeBlocks.fill(nullptr);

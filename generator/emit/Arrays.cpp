@@ -15,7 +15,9 @@ std::string baseOf(const Type& type) {
         case FieldKind::Boolean: return "KORVA_BooleanArrayBase";
         default: break;
     }
-    return "KORVA_ObjectArray<" + type.element.type->className + ">";
+    // Of the kinds that are left, each has a type of its own.
+    const Type* const element = type.element.type;
+    return element != nullptr ? "KORVA_ObjectArray<" + element->className + ">" : std::string();
 }
 
 void emitHeader(const Type& type, Files& files) {

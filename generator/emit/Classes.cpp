@@ -88,6 +88,7 @@ std::string positionsByCrc(const std::vector<Field>& fields) {
                static_cast<std::uint32_t>(fields[right].identity);
     });
     std::vector<std::string> items;
+    items.reserve(positions.size());
     for (const std::size_t position : positions)
         items.push_back(std::to_string(position) + ",");
     return filled(items, 4);

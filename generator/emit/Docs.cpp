@@ -192,6 +192,7 @@ void printArrays(Printer& printer, const std::vector<const Type*>& arrays) {
 void printWords(Printer& printer, const std::vector<Word>& words) {
     if (!anyMeaning(words)) {
         std::vector<std::string> texts;
+        texts.reserve(words.size());
         for (const Word& word : words)
             texts.push_back(code(word.text));
         printer.print("\n\n$words$\n", {{"words", listOf(texts)}});

@@ -22,7 +22,10 @@ void Files::add(std::string path, std::string content) {
 bool Files::write(const std::string& directory, std::ostream& errors) const {
     bool good = true;
     for (const auto& [path, content] : m_files) {
-        good = writeFile(directory + "/" + path, content, errors) && good;
+        std::string file = directory;
+        file += '/';
+        file += path;
+        good = writeFile(file, content, errors) && good;
     }
     return good;
 }

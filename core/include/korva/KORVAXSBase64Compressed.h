@@ -12,9 +12,9 @@ public:
 
     using KORVAXSBase64Binary::reference;
 
-    /// Takes the bytes from `streamable`, which must outlive the value.
+    /// Takes the bytes from `source`, which must outlive the value.
     /// @param compressed whether the stream holds gzip data
-    void reference(const KORVA_Streamable& streamable, bool compressed);
+    void reference(const KORVA_Streamable& source, bool compressed);
 
     /// Whether the stream holds gzip data.
     bool isCompressed() const { return m_compressed; }

@@ -24,7 +24,7 @@ public:
     ~KORVASOAPMessageIDeserializer() override;
 
     void parse(BRIMInputStream& stream, KORVAPortTypeBinding& binding,
-               KORVAMessageI* message) override;
+               KORVAMessageI* pMsg) override;
     void parse(BRIMInputStream& stream, const std::vector<KORVAPortTypeI*>& supportedPortTypes,
                ZELSmartPointer<KORVAPortTypeBinding>& result) override;
     KORVAHalyardHeader* getHeader() const override;
