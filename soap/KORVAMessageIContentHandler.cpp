@@ -17,6 +17,7 @@
 #include <zel/ZELFrame.h>
 
 #include <cstring>
+#include <memory>
 #include <new>
 
 using korva::ReadingContext;
@@ -192,7 +193,8 @@ void KORVAMessageIContentHandler::endParameter(const XMLCh* localName) {
         // A nil child stays unset.
         if (value != nullptr) m_fault->setChildObject(name, value, type, nullptr);
     } else if (m_givenBinding == nullptr) {
-        m_parameters.push_back(std::make_unique<KORVAMessageParam>(name, type, value));
+        m_parameters.push_back(
+            ZELOwner<KORVAMessageParam>(new KORVAMessageParam(name, type, value)));
     } else {
         if (m_msgObj == nullptr) ZEL_ASSERT_NAMED(false, "Inconsistent object state.");
         // An element that is none of the message's parameters goes no further.

@@ -21,6 +21,7 @@
 #include <zel/ZELFrame.h>
 
 #include <cstring>
+#include <memory>
 
 using korva::ReadingContext;
 using Factory = KORVASchemaTypesFactory;

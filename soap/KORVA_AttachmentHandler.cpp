@@ -16,9 +16,14 @@
 #include <zel/ZELAssert.h>
 #include <zel/ZELFrame.h>
 
+#include <functional>
+#include <map>
+#include <memory>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 using Factory = KORVASchemaTypesFactory;
 
@@ -172,7 +177,19 @@ private:
     unsigned long long m_bytes = 0;
 };
 
-KORVA_AttachmentHandler::KORVA_AttachmentHandler() = default;
+struct KORVA_AttachmentHandler::References {
+    /// By id, so that a message of many parts isn't searched for each; those of one id in their
+    /// order.
+    std::map<std::string, std::vector<std::unique_ptr<KORVA_HrefReference>>, std::less<>> byId;
+    std::size_t count = 0;
+};
+
+KORVA_AttachmentHandler::KORVA_AttachmentHandler(){ZEL_TRY{m_references.reset(new References);
+return;
+}
+ZEL_CATCH("KORVA_AttachmentHandler::KORVA_AttachmentHandler")
+}
+
 KORVA_AttachmentHandler::~KORVA_AttachmentHandler() = default;
 
 const XMLCh* KORVA_AttachmentHandler::getCid(const XMLCh* href) {
@@ -189,8 +206,8 @@ void KORVA_AttachmentHandler::registerHref(const char* contentId, KORVASchemaTyp
         auto reference =
             std::make_unique<KORVA_HrefReference>(contentId, &object, name, type, index);
         // An id without references does no harm, should the vector not grow.
-        m_references[reference->getContentId()].push_back(std::move(reference));
-        ++m_count;
+        m_references->byId[reference->getContentId()].push_back(std::move(reference));
+        ++m_references->count;
         return;
     }
     ZEL_CATCH("KORVA_AttachmentHandler::registerHref")
@@ -205,7 +222,7 @@ bool KORVA_AttachmentHandler::resolveReferences(HALYARDTKMessageReader& reader,
         if (reader.hasAttachments())
             while (reader.hasNextPart())
                 resolvePart(reader, registry, factory, intake);
-        return m_count == 0;
+        return m_references->count == 0;
     }
     ZEL_CATCH("KORVA_AttachmentHandler::resolveReferences")
 }
@@ -239,8 +256,8 @@ void KORVA_AttachmentHandler::resolveAttachment(const char* id,
                                                 KORVA_AttachmentContainerI& container,
                                                 KORVAObjectRegistryI& registry) {
     if (id == nullptr) return;
-    const auto place = m_references.find(std::string_view(id));
-    if (place == m_references.end()) return;
+    const auto place = m_references->byId.find(std::string_view(id));
+    if (place == m_references->byId.end()) return;
     auto& references = place->second;
     std::size_t done = 0;
     ZEL_TRY {
@@ -250,14 +267,18 @@ void KORVA_AttachmentHandler::resolveAttachment(const char* id,
         } catch (...) {
             references.erase(references.begin(),
                              references.begin() + static_cast<std::ptrdiff_t>(done));
-            m_count -= done;
+            m_references->count -= done;
             throw;
         }
-        m_references.erase(place);
-        m_count -= done;
+        m_references->byId.erase(place);
+        m_references->count -= done;
         return;
     }
     ZEL_CATCH("KORVA_AttachmentHandler::resolveAttachment")
+}
+
+std::size_t KORVA_AttachmentHandler::getReferenceCount() const {
+    return m_references->count;
 }
 
 void KORVA_AttachmentHandler::setMaximumBytes(unsigned long long bytes) {

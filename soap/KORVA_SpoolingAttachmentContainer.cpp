@@ -84,7 +84,7 @@ ZEL_CATCH("KORVA_SpoolingAttachmentContainer::operator>>")
 KORVA_SpoolingAttachmentContainer::KORVA_SpoolingAttachmentContainer(std::size_t threshold) {
     ZEL_ASSERT(threshold > 0);
     ZEL_TRY {
-        m_content = std::make_unique<Content>(threshold);
+        m_content.reset(new Content(threshold));
         return;
     }
     ZEL_CATCH("KORVA_SpoolingAttachmentContainer::KORVA_SpoolingAttachmentContainer")

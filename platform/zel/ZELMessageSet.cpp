@@ -1,7 +1,12 @@
 #include <zel/ZELMessageSet.h>
+#include <zel/ZELReferenceCount.h>
 
 #include <new>
-#include <utility>
+
+class ZELMessageSet::SharedMessages final : public ZELReferenceCount {
+public:
+    ZELList<ZELMessage> list;
+};
 
 ZELMessageSet::ZELMessageSet() noexcept = default;
 ZELMessageSet::ZELMessageSet(const ZELMessageSet&) noexcept = default;
@@ -9,7 +14,7 @@ ZELMessageSet& ZELMessageSet::operator=(const ZELMessageSet&) noexcept = default
 ZELMessageSet::~ZELMessageSet() = default;
 
 const ZELList<ZELMessage>& ZELMessageSet::getMessages() const noexcept {
-    if (m_messages) return *m_messages;
+    if (m_messages) return m_messages->list;
     // Never destroyed, so that exceptions may be read until the very end of the process.
     alignas(ZELList<ZELMessage>) static unsigned char storage[sizeof(ZELList<ZELMessage>)];
     static const auto* none = new (storage) ZELList<ZELMessage>;
@@ -18,8 +23,8 @@ const ZELList<ZELMessage>& ZELMessageSet::getMessages() const noexcept {
 
 void ZELMessageSet::add(const ZELMessage& message) {
     // Other sets may share the list, so what is added goes into a list of this set's own.
-    auto messages = m_messages ? std::make_shared<ZELList<ZELMessage>>(*m_messages)
-                               : std::make_shared<ZELList<ZELMessage>>();
-    messages->append(message);
-    m_messages = std::move(messages);
+    const ZELSmartPointer<SharedMessages> messages(m_messages ? new SharedMessages(*m_messages)
+                                                              : new SharedMessages);
+    messages->list.append(message);
+    m_messages = messages;
 }

@@ -4,19 +4,18 @@
 ZELThreadUnsafeReferenceCount::~ZELThreadUnsafeReferenceCount() = default;
 
 void ZELThreadUnsafeReferenceCount::addReference() {
-    m_referenceCount.store(m_referenceCount.load(std::memory_order_relaxed) + 1,
-                           std::memory_order_relaxed);
+    ++m_referenceCount;
 }
 
 void ZELThreadUnsafeReferenceCount::removeReference() {
-    const unsigned count = m_referenceCount.load(std::memory_order_relaxed);
+    const unsigned count = m_referenceCount;
     ZEL_ASSERT(count > 0);
-    m_referenceCount.store(count - 1, std::memory_order_relaxed);
+    m_referenceCount = count - 1;
     if (count == 1) cleanup();
 }
 
 unsigned ZELThreadUnsafeReferenceCount::getReferenceCount() const {
-    return m_referenceCount.load(std::memory_order_relaxed);
+    return m_referenceCount;
 }
 
 void ZELThreadUnsafeReferenceCount::cleanup() {

@@ -3,6 +3,8 @@
 
 #include "platform/zelidom/DocumentMemory.h"
 
+#include <zel/ZELReferenceCount.h>
+
 #include <cstddef>
 
 class BRIMInputStream;
@@ -14,12 +16,12 @@ XERCES_CPP_NAMESPACE_END
 namespace zelidom {
 
 /// Has no document until it is given one, once.
-class OwnedDocument {
+class OwnedDocument final : public ZELReferenceCount {
 public:
     OwnedDocument() noexcept = default;
     OwnedDocument(const OwnedDocument&) = delete;
     OwnedDocument& operator=(const OwnedDocument&) = delete;
-    ~OwnedDocument();
+    ~OwnedDocument() override;
 
     /// Raises what Xerces-C raises.
     xercesc::DOMDocument& create();

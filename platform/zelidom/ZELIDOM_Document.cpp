@@ -16,11 +16,18 @@ using zelidom::orNone;
 using zelidom::OwnedDocument;
 using zelidom::WideText;
 
+ZELIDOM_Document::ZELIDOM_Document() noexcept = default;
+ZELIDOM_Document::ZELIDOM_Document(const ZELIDOM_Document&) noexcept = default;
+ZELIDOM_Document::ZELIDOM_Document(ZELIDOM_Document&&) noexcept = default;
+ZELIDOM_Document& ZELIDOM_Document::operator=(const ZELIDOM_Document&) noexcept = default;
+ZELIDOM_Document& ZELIDOM_Document::operator=(ZELIDOM_Document&&) noexcept = default;
+ZELIDOM_Document::~ZELIDOM_Document() = default;
+
 ZELIDOM_Document::ZELIDOM_Document(xercesc::DOMDocument& document) noexcept
     : ZELIDOM_Node(&document) {}
 
 ZELIDOM_Document::ZELIDOM_Document(xercesc::DOMDocument& document,
-                                   std::shared_ptr<void> owner) noexcept
+                                   ZELSmartPointer<OwnedDocument> owner) noexcept
     : ZELIDOM_Node(&document), m_owner(std::move(owner)) {}
 
 xercesc::DOMDocument& ZELIDOM_Document::document() const {
@@ -31,18 +38,18 @@ xercesc::DOMDocument& ZELIDOM_Document::document() const {
 // What Xerces-C throws may be made of the document's memory, which so outlives it.
 
 ZELIDOM_Document ZELIDOM_Document::create() {
-    std::shared_ptr<OwnedDocument> owned;
+    ZELSmartPointer<OwnedDocument> owned;
     ZEL_TRY {
-        owned = std::make_shared<OwnedDocument>();
+        owned = new OwnedDocument;
         return {owned->create(), owned};
     }
     ZELIDOM_CATCH("ZELIDOM_Document::create")
 }
 
 ZELIDOM_Document ZELIDOM_Document::parse(BRIMInputStream& stream, std::size_t maximumDepth) {
-    std::shared_ptr<OwnedDocument> owned;
+    ZELSmartPointer<OwnedDocument> owned;
     ZEL_TRY {
-        owned = std::make_shared<OwnedDocument>();
+        owned = new OwnedDocument;
         return {owned->parse(stream, maximumDepth), owned};
     }
     ZELIDOM_CATCH("ZELIDOM_Document::parse")

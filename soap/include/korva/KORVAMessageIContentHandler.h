@@ -4,10 +4,10 @@
 #include <korva/KORVAContentHandler.h>
 #include <korva/KORVAPortTypeBinding.h>
 #include <korva/KORVASchemaTypeI.h>
+#include <zel/ZELOwner.h>
 #include <zel/ZELSmartPointer.h>
 
 #include <cstddef>
-#include <memory>
 #include <string_view>
 #include <vector>
 
@@ -96,10 +96,10 @@ private:
 
     std::size_t m_depth = 0;
     std::size_t m_parameterCount = 0;  ///< of this operation so far
-    std::unique_ptr<KORVANamespaceMapping> m_inScopePrefixMappings;
-    std::unique_ptr<korva::ReadingContext> m_context;
-    std::vector<std::unique_ptr<KORVAMessageParam>> m_parameters;  ///< server: what was read
-    KORVAMessageI* m_msgObj = nullptr;                             ///< client: what is filled
+    ZELOwner<KORVANamespaceMapping> m_inScopePrefixMappings;
+    ZELOwner<korva::ReadingContext> m_context;
+    std::vector<ZELOwner<KORVAMessageParam>> m_parameters;  ///< server: what was read
+    KORVAMessageI* m_msgObj = nullptr;                      ///< client: what is filled
     Section m_section = Section::None;
     KORVAObjectRegistryI* m_objectRegistry = nullptr;
     KORVAHalyardHeader* m_header = nullptr;
@@ -109,6 +109,6 @@ private:
     const std::vector<KORVAPortTypeI*>* m_supportedPortTypes = nullptr;
     const char* m_operationName = nullptr;  ///< the registry's
     KORVAPortTypeI* m_boundPortType = nullptr;
-    std::unique_ptr<KORVASchemaTypeIContentHandler> m_schemaTypeContentHandler;
+    ZELOwner<KORVASchemaTypeIContentHandler> m_schemaTypeContentHandler;
     KORVA_AttachmentHandler* m_attachmentHandler = nullptr;
 };

@@ -2,8 +2,8 @@
 #pragma once
 
 #include <korva/KORVASchemaTypeI.h>
+#include <zel/ZELOwner.h>
 
-#include <memory>
 #include <string>
 
 class KORVAFaultDetailArray;
@@ -100,5 +100,5 @@ public:
     virtual bool operator!=(const KORVASchemaTypeI& other) const;
 
 private:
-    std::unique_ptr<KORVASOAPFault_PrivateData> m_pPrivateData;
+    ZELOwner<KORVASOAPFault_PrivateData> m_pPrivateData;
 };

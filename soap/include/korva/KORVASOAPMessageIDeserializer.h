@@ -4,10 +4,10 @@
 #include <korva/KORVAObjectRegistryI.h>
 #include <korva/KORVASOAPMessageIDeserializerI.h>
 #include <zel/I18NConverter.h>
+#include <zel/ZELOwner.h>
 #include <zel/ZELSmartPointer.h>
 
 #include <cstddef>
-#include <memory>
 
 class KORVAMessageIContentHandler;
 
@@ -49,5 +49,5 @@ private:
     KORVAHalyardHeader* m_header;
     I18NConverter m_converter;
     KORVA_AttachmentHandler* m_attachmentHandler;
-    std::unique_ptr<korva::XmlReader> m_reader;
+    ZELOwner<korva::XmlReader> m_reader;
 };

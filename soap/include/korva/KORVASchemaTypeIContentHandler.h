@@ -3,9 +3,9 @@
 
 #include <korva/KORVAContentHandler.h>
 #include <korva/KORVASchemaTypeI.h>
+#include <zel/ZELOwner.h>
 
 #include <cstddef>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -150,7 +150,7 @@ private:
     KORVANamespaceMapping* m_inScopePrefixesToNamespaceMappings;
     std::vector<Entry> m_objStack;  ///< newest at the back
     KORVAObjectRegistryI* m_objectRegistry;
-    std::unique_ptr<korva::ReadingContext> m_ownContext;  ///< unless it is the message handler's
+    ZELOwner<korva::ReadingContext> m_ownContext;  ///< unless it is the message handler's
     korva::ReadingContext* m_context;
     const char* m_nilElement = nullptr;  ///< name of the nil element that is open, or null
     std::string m_contentId;

@@ -2,8 +2,7 @@
 #pragma once
 
 #include <korva/KORVASchemaTypeI.h>
-
-#include <memory>
+#include <zel/ZELOwner.h>
 
 class KORVAMessageArray;
 class KORVAObjectRegistryI;
@@ -60,5 +59,5 @@ public:
     virtual bool operator!=(const KORVASchemaTypeI& other) const;
 
 private:
-    std::unique_ptr<KORVAUndocumentedFaultDetail_PrivateData> m_pPrivateData;
+    ZELOwner<KORVAUndocumentedFaultDetail_PrivateData> m_pPrivateData;
 };

@@ -3,9 +3,9 @@
 
 #include <korva/KORVAXMLDeserializerI.h>
 #include <zel/I18NConverter.h>
+#include <zel/ZELOwner.h>
 
 #include <cstddef>
-#include <memory>
 
 namespace korva {
 class XmlReader;
@@ -31,5 +31,5 @@ public:
 
 private:
     I18NConverter m_converter;
-    std::unique_ptr<korva::XmlReader> m_reader;
+    ZELOwner<korva::XmlReader> m_reader;
 };

@@ -2,20 +2,15 @@
 #pragma once
 
 #include <korva/KORVASchemaTypeI.h>
+#include <zel/ZELOwner.h>
 
 #include <xercesc/util/XercesDefs.hpp>
 
 #include <cstddef>
-#include <functional>
-#include <map>
-#include <memory>
-#include <string>
-#include <vector>
 
 class HALYARDTKMessageReader;
 class KORVAObjectRegistryI;
 class KORVA_AttachmentContainerI;
-class KORVA_HrefReference;
 
 /// Collects the references of one message while its envelope is read, and later gives each the
 /// content of its part:
@@ -34,6 +29,7 @@ public:
     /// Makes what one part is collected in, with `new`. Never gives null.
     using ContainerFactory = KORVA_AttachmentContainerI* (*)();
 
+    /// @throws ZELOutOfMemoryError no memory is left
     KORVA_AttachmentHandler();
     /// References that nothing resolved are dropped.
     virtual ~KORVA_AttachmentHandler();
@@ -57,8 +53,7 @@ public:
     /// the same. Every part is given back to the reader, also when a failure passes.
     /// @param registry gets the containers and the values
     /// @param factory null stands for DefaultAttachmentContainer; for binary content, and for
-    /// large,
-    ///     take KORVA_SpoolingAttachmentContainer::create
+    ///     large, take KORVA_SpoolingAttachmentContainer::create
     /// @return whether no reference is left
     /// @throws KORVAException 0xEA4F0001: the parts exceed a limit; 0xEA47C21F: the place takes no
     ///     such value
@@ -72,14 +67,14 @@ public:
     /// registered; null is nobody's id. `container` must live as long as the values. Binary content
     /// ends at its first NUL byte unless the container streams.
     /// @throws ZELAssertError "ZEL_ASSERT(pStreamable);": the container has neither data nor a
-    /// stream
+    ///     stream
     /// @throws KORVAException 0xEA47C21F as above; the reference then stays
     /// @throws ZELOutOfMemoryError no memory is left
     void resolveAttachment(const char* id, KORVA_AttachmentContainerI& container,
                            KORVAObjectRegistryI& registry);
 
     /// How many references wait for their part.
-    std::size_t getReferenceCount() const { return m_count; }
+    std::size_t getReferenceCount() const;
 
     /// How many bytes all parts of the message may have, expanded: 2^36 at first. More end in
     /// KORVAException 0xEA4F0001.
@@ -92,15 +87,12 @@ public:
 
 private:
     class Intake;
+    struct References;
 
     void resolvePart(HALYARDTKMessageReader& reader, KORVAObjectRegistryI& registry,
                      ContainerFactory factory, Intake& intake);
 
-    /// By id, so that a message of many parts isn't searched for each; those of one id in their
-    /// order.
-    std::map<std::string, std::vector<std::unique_ptr<KORVA_HrefReference>>, std::less<>>
-        m_references;
-    std::size_t m_count = 0;
+    ZELOwner<References> m_references;
     unsigned long long m_maximumBytes = 1ULL << 36U;
     unsigned long long m_maximumInflateRatio = 200;
 };

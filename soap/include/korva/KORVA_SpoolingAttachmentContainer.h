@@ -2,9 +2,9 @@
 #pragma once
 
 #include <korva/KORVA_AttachmentContainerI.h>
+#include <zel/ZELOwner.h>
 
 #include <cstddef>
-#include <memory>
 
 /// Takes content of any kind and size in bounded memory: what exceeds a threshold goes to a
 /// temporary file without a name (a BRIMTemporaryFile), which lives as long as the container, and
@@ -51,5 +51,5 @@ public:
 
 private:
     class Content;
-    std::unique_ptr<Content> m_content;
+    ZELOwner<Content> m_content;
 };

@@ -4,8 +4,7 @@
 #include <zel/ZELExport.h>
 #include <zel/ZELList.h>
 #include <zel/ZELMessage.h>
-
-#include <memory>
+#include <zel/ZELSmartPointer.h>
 
 /// Copies share the messages until one of them adds another, so copying can't fail.
 class ZEL_EXPORT ZELMessageSet {
@@ -23,5 +22,6 @@ protected:
     void add(const ZELMessage& message);
 
 private:
-    std::shared_ptr<ZELList<ZELMessage>> m_messages;
+    class SharedMessages;
+    ZELSmartPointer<SharedMessages> m_messages;
 };

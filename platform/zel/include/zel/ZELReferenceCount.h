@@ -15,4 +15,5 @@ public:
 
     void addReference() override;
     void removeReference() override;
+    unsigned getReferenceCount() const override;
 };

@@ -3,8 +3,6 @@
 
 #include <zel/ZELExport.h>
 
-#include <atomic>
-
 /// Counts from 0: the maker of an object holds no reference. The last `removeReference` ends it.
 /// A copy counts its own references, from 0.
 class ZEL_EXPORT ZELThreadUnsafeReferenceCount {
@@ -28,6 +26,7 @@ public:
     virtual void cleanup();
 
 protected:
-    /// Atomic for the sake of `ZELReferenceCount`; this class only loads and stores it.
-    std::atomic<unsigned> m_referenceCount{0};
+    /// `ZELReferenceCount` reaches it by `std::atomic_ref`: <atomic> would be most of what this
+    /// header costs.
+    unsigned m_referenceCount = 0;
 };

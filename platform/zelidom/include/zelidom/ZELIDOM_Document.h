@@ -1,14 +1,18 @@
 /// A document, which owns its nodes.
 #pragma once
 
+#include <zel/ZELSmartPointer.h>
 #include <zelidom/ZELIDOM_Element.h>
 #include <zelidom/ZELIDOM_Node.h>
 
 #include <cstddef>
-#include <memory>
 #include <string_view>
 
 class BRIMInputStream;
+
+namespace zelidom {
+class OwnedDocument;
+}
 
 XERCES_CPP_NAMESPACE_BEGIN
 class DOMDocument;
@@ -25,7 +29,12 @@ public:
     static constexpr std::size_t defaultMaximumDepth = 10000;
 
     /// The null handle.
-    ZELIDOM_Document() noexcept = default;
+    ZELIDOM_Document() noexcept;
+    ZELIDOM_Document(const ZELIDOM_Document& other) noexcept;
+    ZELIDOM_Document(ZELIDOM_Document&& other) noexcept;
+    ZELIDOM_Document& operator=(const ZELIDOM_Document& other) noexcept;
+    ZELIDOM_Document& operator=(ZELIDOM_Document&& other) noexcept;
+    ~ZELIDOM_Document();
 
     /// A handle to a document of the caller's, who keeps owning it.
     explicit ZELIDOM_Document(xercesc::DOMDocument& document) noexcept;
@@ -63,9 +72,10 @@ public:
     ZELIDOM_Node createTextNode(const XMLCh* text);
 
 private:
-    ZELIDOM_Document(xercesc::DOMDocument& document, std::shared_ptr<void> owner) noexcept;
+    ZELIDOM_Document(xercesc::DOMDocument& document,
+                     ZELSmartPointer<zelidom::OwnedDocument> owner) noexcept;
 
     xercesc::DOMDocument& document() const;
 
-    std::shared_ptr<void> m_owner;  ///< null for a document of the caller's
+    ZELSmartPointer<zelidom::OwnedDocument> m_owner;  ///< null for a document of the caller's
 };
