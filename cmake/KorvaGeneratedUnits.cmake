@@ -22,4 +22,5 @@ set(KORVA_GENERATED_UNITS
     messages/KORVAMessageFactory_gen_.cpp
     messages/KORVAPortTypes1_gen_.cpp
     messages/KORVAPortTypes2_gen_.cpp
+    tarn/TARNTypes_gen_.cpp
     tarn/tarnsymbols1_gen_.cpp)

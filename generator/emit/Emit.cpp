@@ -6,6 +6,7 @@ Files emitAll(const model::Schema& schema) {
     Files files;
     emitIdentities(schema, files);
     emitWords(schema, files);
+    emitTarnTypes(schema, files);
     emitRecords(schema, files);
     emitClasses(schema, files);
     emitArrays(schema, files);

@@ -13,6 +13,7 @@ Files emitAll(const model::Schema& schema);
 
 void emitIdentities(const model::Schema& schema, Files& files);
 void emitWords(const model::Schema& schema, Files& files);
+void emitTarnTypes(const model::Schema& schema, Files& files);
 void emitRecords(const model::Schema& schema, Files& files);
 void emitClasses(const model::Schema& schema, Files& files);
 void emitArrays(const model::Schema& schema, Files& files);

@@ -35,21 +35,6 @@ void printRow(Printer& printer, const Type& type) {
                   values);
 }
 
-// For each value of the identities' top bits, the first position, and behind them the end.
-std::string index(const std::vector<const Type*>& byIdentity) {
-    std::vector<std::size_t> runs((std::size_t{1} << kIndexBits) + 1);
-    for (const Type* type : byIdentity) {
-        ++runs[(static_cast<std::uint32_t>(type->identity) >> (32 - kIndexBits)) + 1];
-    }
-    std::vector<std::string> items;
-    std::size_t before = 0;
-    for (const std::size_t run : runs) {
-        before += run;
-        items.push_back(std::to_string(before) + ",");
-    }
-    return filled(items, 4);
-}
-
 }  // namespace
 
 void emitFactory(const Schema& schema, Files& files) {
@@ -57,8 +42,11 @@ void emitFactory(const Schema& schema, Files& files) {
     Printer rows;
     Printer names;
     Printer arrayNames;
-    for (const Type* type : schema.byIdentity)
+    std::vector<std::int32_t> identities;
+    for (const Type* type : schema.byIdentity) {
         printRow(rows, *type);
+        identities.push_back(type->identity);
+    }
     for (const Type* type : schema.byName) {
         if (!type->isAbstract) included.push_back(type->className);
         names.print("{\"$name$\", KORVASchemaTypeI::e$class$},\n",
@@ -124,7 +112,7 @@ constinit const TypeTables typeTables = {
 
 } // namespace korva
 )",
-                  {{"index", index(schema.byIdentity)},
+                  {{"index", topBitsIndex(identities, kIndexBits)},
                    {"names", names.text()},
                    {"arrayNames", arrayNames.text()},
                    {"typeCount", std::to_string(schema.byName.size())},

@@ -115,6 +115,19 @@ std::string filled(const std::vector<std::string>& items, std::size_t indent) {
     return out;
 }
 
+std::string topBitsIndex(const std::vector<std::int32_t>& identities, unsigned bits) {
+    std::vector<std::size_t> runs((std::size_t{1} << bits) + 1);
+    for (const std::int32_t identity : identities)
+        ++runs[(static_cast<std::uint32_t>(identity) >> (32 - bits)) + 1];
+    std::vector<std::string> items;
+    std::size_t before = 0;
+    for (const std::size_t run : runs) {
+        before += run;
+        items.push_back(std::to_string(before) + ",");
+    }
+    return filled(items, 4);
+}
+
 std::string internalIncludes(const std::vector<std::string_view>& paths) {
     std::string out;
     for (const std::string_view path : paths) {

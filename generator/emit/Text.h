@@ -38,6 +38,10 @@ std::string objectType(const model::TypeReference& reference);
 /// `items` separated by blanks, as lines that fit into 100 columns at this indentation.
 std::string filled(const std::vector<std::string>& items, std::size_t indent);
 
+/// The rows of an index over identities in ascending order: for each value of their top `bits`, the
+/// first position, and behind them the end.
+std::string topBitsIndex(const std::vector<std::int32_t>& identities, unsigned bits);
+
 /// `#include "path"` lines, in the order given.
 std::string internalIncludes(const std::vector<std::string_view>& paths);
 

@@ -36,22 +36,16 @@ std::string withEnd(std::string_view text) {
 void emitWords(const Schema& schema, Files& files) {
     std::vector<std::string> crcs;
     std::vector<std::string> offsets;
-    std::vector<std::size_t> runs((std::size_t{1} << kIndexBits) + 1);
+    std::vector<std::int32_t> identities;
     std::size_t size = 0;
     Printer texts;
     for (const TableWord& word : schema.words) {
         crcs.push_back(hex(word.identity) + ",");
         offsets.push_back(decimal(static_cast<std::int64_t>(size + kBeforeText)) + ",");
-        ++runs[(static_cast<std::uint32_t>(word.identity) >> (32 - kIndexBits)) + 1];
+        identities.push_back(word.identity);
         size += kBeforeText + word.text.size() + 1;
         texts.print("\"$crc$\\xff\" $text$\n",
                     {{"crc", crcBytes(word.identity)}, {"text", withEnd(word.text)}});
-    }
-    std::vector<std::string> index;
-    std::size_t before = 0;
-    for (const std::size_t run : runs) {
-        before += run;
-        index.push_back(decimal(static_cast<std::int64_t>(before)) + ",");
     }
 
     Printer printer;
@@ -97,7 +91,7 @@ constinit const std::uint16_t symbolIndex[] = {
                    {"crcs", filled(crcs, 4)},
                    {"offsets", filled(offsets, 4)},
                    {"count", decimal(static_cast<std::int64_t>(schema.words.size()))},
-                   {"index", filled(index, 4)}});
+                   {"index", topBitsIndex(identities, kIndexBits)}});
     files.add("tarn/tarnsymbols1_gen_.cpp", printer.take());
 }
 

@@ -7,6 +7,9 @@
 #else
 #define TARN_EXPORT __declspec(dllimport)
 #endif
+#define TARN_LOCAL
 #else
 #define TARN_EXPORT __attribute__((visibility("default")))
+/// A member of an exported class that is not exported itself.
+#define TARN_LOCAL __attribute__((visibility("hidden")))
 #endif

@@ -1,0 +1,192 @@
+#include "generator/emit/Emit.h"
+#include "generator/emit/Printer.h"
+#include "generator/emit/Text.h"
+
+#include <algorithm>
+#include <map>
+#include <vector>
+
+namespace korva::schemac::emit {
+
+using namespace model;
+
+namespace {
+
+constexpr unsigned kIndexBits = 10;
+constexpr std::string_view kPrefix = "bus:";
+
+std::string_view kindOf(TypeKind kind) {
+    switch (kind) {
+        case TypeKind::Class: return "Class";
+        case TypeKind::Property: return "Property";
+        case TypeKind::Array: return "Array";
+        case TypeKind::Enum: return "Enum";
+        case TypeKind::RestrictedString: return "RestrictedString";
+    }
+    return {};
+}
+
+std::string_view kindOf(FieldKind kind) {
+    switch (kind) {
+        case FieldKind::Object: return "Object";
+        case FieldKind::Text: return "Text";
+        case FieldKind::Binary: return "Binary";
+        case FieldKind::Boolean: return "Boolean";
+        case FieldKind::Int: return "Int";
+        case FieldKind::Float: return "Float";
+        case FieldKind::EmbeddedArray: return "Array";
+    }
+    return {};
+}
+
+bool isArray(const Field& field) {
+    return field.kind == FieldKind::EmbeddedArray;
+}
+
+/// How many slots and arrays an object has, its bases' included.
+struct Extent {
+    std::size_t slots = 0;
+    std::size_t arrays = 0;
+};
+
+Extent extentOf(const Type* type) {
+    Extent extent;
+    for (; type != nullptr; type = type->baseType()) {
+        for (const Field& field : type->fields)
+            ++(isArray(field) ? extent.arrays : extent.slots);
+    }
+    return extent;
+}
+
+std::string number(std::size_t value) {
+    return decimal(static_cast<std::int64_t>(value));
+}
+
+/// The tables while they are being written.
+class Tables {
+public:
+    explicit Tables(const Schema& schema) {
+        for (const Type* type : schema.byIdentity) {
+            m_positions.emplace(type, m_positions.size());
+            m_identities.push_back(type->identity);
+        }
+        for (const Type* type : schema.byIdentity)
+            printType(*type);
+    }
+
+    const std::string& types() const { return m_types.text(); }
+    const std::string& fields() const { return m_fields.text(); }
+    const std::string& names() const { return m_names.text(); }
+    std::string fieldsByCrc() const { return filled(m_fieldsByCrc, 4); }
+
+    std::string index() const { return topBitsIndex(m_identities, kIndexBits); }
+
+private:
+    void printType(const Type& type) {
+        const Extent extent = extentOf(&type);
+        const std::string base =
+            type.baseType() != nullptr ? number(m_positions.at(type.baseType())) : "noBase";
+        m_types.print(
+            "{$identity$, $element$, $name$, $first$, $count$, $inherited$, $slots$, $arrays$, "
+            "$base$, TypeKind::$kind$, $abstract$}, // $text$\n",
+            {{"identity", decimal(type.identity)},
+             {"element", decimal(type.elementObjectType)},
+             {"name", number(m_namesSize)},
+             {"first", number(m_fieldCount)},
+             {"count", number(type.fields.size())},
+             {"inherited", number(type.inheritedFields)},
+             {"slots", number(extent.slots)},
+             {"arrays", number(extent.arrays)},
+             {"base", base},
+             {"kind", kindOf(type.kind)},
+             {"abstract", type.isAbstract ? "true" : "false"},
+             {"text", type.name}});
+        m_names.print("\"$prefix$$name$\\0\"\n", {{"prefix", kPrefix}, {"name", type.name}});
+        m_namesSize += kPrefix.size() + type.name.size() + 1;
+        printFields(type);
+    }
+
+    void printFields(const Type& type) {
+        Extent next = extentOf(type.baseType());
+        std::vector<std::size_t> byCrc;
+        for (const Field& field : type.fields) {
+            m_fields.print("{$crc$, $type$, $place$, FieldKind::$kind$}, // $text$\n",
+                           {{"crc", hex(field.identity)},
+                            {"type", decimal(field.objectType)},
+                            {"place", number(isArray(field) ? next.arrays++ : next.slots++)},
+                            {"kind", kindOf(field.kind)},
+                            {"text", type.name + '.' + field.name}});
+            byCrc.push_back(byCrc.size());
+        }
+        std::sort(byCrc.begin(), byCrc.end(), [&type](std::size_t left, std::size_t right) {
+            return static_cast<std::uint32_t>(type.fields[left].identity) <
+                   static_cast<std::uint32_t>(type.fields[right].identity);
+        });
+        for (const std::size_t position : byCrc)
+            m_fieldsByCrc.push_back(number(position) + ",");
+        m_fieldCount += type.fields.size();
+    }
+
+    std::map<const Type*, std::size_t> m_positions;
+    std::vector<std::int32_t> m_identities;
+    Printer m_types;
+    Printer m_fields;
+    Printer m_names;
+    std::size_t m_namesSize = 0;
+    std::size_t m_fieldCount = 0;
+    std::vector<std::string> m_fieldsByCrc;
+};
+
+}  // namespace
+
+void emitTarnTypes(const Schema& schema, Files& files) {
+    const Tables tables(schema);
+    Printer printer;
+    printer.print(R"(
+$made$
+$internal$
+
+#if defined(__GNUC__)
+#pragma GCC diagnostic ignored "-Woverlength-strings"
+#endif
+
+namespace tarn {
+
+static_assert(typeIndexBits == $bits$, "run korva-schemac again");
+
+constinit const TypeRow types[] = {
+    $types$
+};
+
+constinit const std::uint16_t typeIndex[] = {
+    $index$
+};
+
+constinit const FieldRow fields[] = {
+    $fields$
+    {0, 0, 0, FieldKind::Object}, // not counted
+};
+
+constinit const std::uint16_t fieldsByCrc[] = {
+    $fieldsByCrc$
+    0, // not counted
+};
+
+constinit const char typeNames[] =
+    $names$
+    ;
+
+} // namespace tarn
+)",
+                  {{"made", madeFrom(schema.files.front())},
+                   {"internal", internalIncludes({"tarn/TypeTable.h"})},
+                   {"bits", number(kIndexBits)},
+                   {"types", tables.types()},
+                   {"index", tables.index()},
+                   {"fields", tables.fields()},
+                   {"fieldsByCrc", tables.fieldsByCrc()},
+                   {"names", tables.names()}});
+    files.add("tarn/TARNTypes_gen_.cpp", printer.take());
+}
+
+}  // namespace korva::schemac::emit

@@ -1,0 +1,87 @@
+// The types of the schema, as the generated code defines them. The tables hold numbers instead of
+// pointers, so that loading the library costs nothing for them.
+#pragma once
+
+#include <tarn/TARNSchemaTypeI.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+namespace tarn {
+
+using ObjectType = TARNSchemaTypeI::ObjectType;
+
+enum class TypeKind : std::uint8_t { Class, Property, Array, Enum, RestrictedString };
+
+enum class FieldKind : std::uint8_t {
+    Object,         ///< pointer to a TARNSchemaTypeI
+    Text,           ///< const char*
+    Binary,         ///< pointer to a TARNBase64Binary
+    Boolean,        ///< bool, or no value
+    Int,            ///< int, or no value
+    Float,          ///< float, or no value
+    Array,          ///< an array inside the object
+    OptionalArray,  ///< pointer to an array, and behind it one to the array that the object made
+    UnlistedArray   ///< the same, and not among the names of the children
+};
+
+constexpr bool isArrayPointer(FieldKind kind) {
+    return kind >= FieldKind::OptionalArray;
+}
+
+struct FieldRow {
+    std::uint32_t crc;    ///< of the name
+    std::int32_t type;    ///< declared type
+    std::uint16_t place;  ///< among the slots of an object, or among its arrays
+    FieldKind kind;
+};
+
+inline constexpr std::uint16_t noBase = 0xFFFF;
+
+struct TypeRow {
+    std::int32_t identity;         ///< CRC-32 of the name
+    std::int32_t elementType;      ///< of an array's elements, otherwise 0
+    std::uint32_t name;            ///< of the XSI text in `typeNames`
+    std::uint16_t firstField;      ///< of the own fields in `fields` and `fieldsByCrc`
+    std::uint16_t fieldCount;      ///< own fields, in declared order
+    std::uint16_t inheritedCount;  ///< fields of all bases
+    std::uint16_t slotCount;       ///< of an object, with those for the fields of its bases
+    std::uint16_t arrayCount;      ///< likewise
+    std::uint16_t base;            ///< position in `types`, or noBase
+    TypeKind kind;
+    bool isAbstract;
+};
+
+/// How many of an identity's top bits `typeIndex` is indexed by.
+inline constexpr unsigned typeIndexBits = 10;
+
+extern const TypeRow types[];  ///< ascending by identity as unsigned number
+/// The first position for each value of the top bits, and the end.
+extern const std::uint16_t typeIndex[(1U << typeIndexBits) + 1];
+extern const FieldRow fields[];
+extern const std::uint16_t fieldsByCrc[];  ///< of each type: positions ascending by CRC
+extern const char typeNames[];             ///< "bus:schedule", NUL; repeated
+
+/// The row of a type, generated or written by hand, or null.
+const TypeRow* findType(ObjectType type);
+
+/// The row of the type that `type` extends, or null.
+const TypeRow* baseOf(const TypeRow& type);
+
+/// "bus:schedule".
+const char* xsiName(const TypeRow& type);
+
+/// The own fields of a type, `fieldCount` of them.
+const FieldRow* fieldsOf(const TypeRow& type);
+
+/// The field of this name, own or inherited, or null.
+const FieldRow* findField(const TypeRow& type, const char* name);
+
+/// The name of a field, which lives as long as the process.
+const char* nameOf(const FieldRow& field);
+
+/// Whether `type` is the type with this identity or extends it.
+bool isa(const TypeRow& type, ObjectType identity);
+
+}  // namespace tarn
