@@ -53,4 +53,13 @@ TEST(BridgeDepth, EventsNeedNoStack) {
     EXPECT_TRUE(areEqual(source, *read));
 }
 
+TEST(BridgeDepth, TheSecondModelNeedsNoStack) {
+    const Registry registry = makeRegistry();
+    const korva::test::TarnRegistry tarnRegistry = korva::test::makeTarnRegistry();
+    const Item& source = makeChain(registry);
+    const TARNSchemaTypeI* const copy = korva::test::toTarn(source, tarnRegistry);
+    EXPECT_TRUE(*copy == *korva::test::toTarn(source, tarnRegistry));
+    EXPECT_TRUE(areEqual(source, *korva::test::fromTarn(*copy, *registry)));
+}
+
 }  // namespace

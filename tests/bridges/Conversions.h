@@ -12,8 +12,12 @@
 #include <korva/KORVASOAPSerializer.h>
 #include <korva/KORVASchemaTypeI.h>
 #include <korva/KORVASchemaTypeIContentHandler.h>
+#include <korva/KORVATARNObjectDeserializer.h>
+#include <korva/KORVATARNObjectSerializer.h>
 #include <korva/KORVAXMLDeserializer.h>
+#include <tarn/TARNObjectRegistry.h>
 #include <zel/I18NConverter.h>
+#include <zel/ZELSmartPointer.h>
 #include <zelidom/ZELIDOM_Document.h>
 
 #include <string>
@@ -53,6 +57,22 @@ inline std::string toText(const KORVASchemaTypeI& object) {
 inline KORVASchemaTypeI* readText(const std::string& xml, KORVAObjectRegistryI* registry) {
     BRIMMemoryInputStream stream(xml.data(), xml.size());
     return KORVAXMLDeserializer().parse(stream, registry);
+}
+
+/// Registries of the second object model, as tests hold them.
+using TarnRegistry = ZELSmartPointer<TARNObjectRegistry>;
+
+inline TarnRegistry makeTarnRegistry() {
+    return TARNObjectRegistry::create();
+}
+
+/// The object of the second model for an object.
+inline TARNSchemaTypeI* toTarn(const KORVASchemaTypeI& object, const TarnRegistry& registry) {
+    return KORVATARNObjectSerializer().serialize(&object, *registry);
+}
+
+inline KORVASchemaTypeI* fromTarn(const TARNSchemaTypeI& object, KORVAObjectRegistryI& registry) {
+    return KORVATARNObjectDeserializer().deserialize(&object, registry);
 }
 
 /// A document in memory, written out by the parser's own library.

@@ -1,5 +1,6 @@
 #include "tests/bridges/Conversions.h"
 #include "tests/bridges/EventRecorder.h"
+#include "tests/bridges/SameContent.h"
 #include "tests/bridges/Vocabulary.h"
 #include "tests/roundtrip/Comparison.h"
 
@@ -14,6 +15,8 @@ using namespace korva::test;
 
 constexpr std::uint32_t seeds = 1;
 constexpr std::size_t objects = seeds * 831;
+constexpr std::uint32_t tarnSeeds = 3;
+constexpr std::size_t tarnObjects = tarnSeeds * 842;
 
 TEST(VocabularyOverBridges, DocumentsAreReadBackEqual) {
     KORVADOMObjectDeserializer deserializer;
@@ -50,6 +53,52 @@ TEST(VocabularyOverBridges, EventsBuildAnEqualObject) {
         EXPECT_EQ(toText(*read), toText(object));
     });
     EXPECT_EQ(count, objects);
+}
+
+/// The second model has objects of every concrete type.
+bool anyType(const std::string& /*name*/, const SchemaType& /*type*/) {
+    return true;
+}
+
+TEST(VocabularyOverBridges, ObjectsOfTheSecondModelAreReadBackEqual) {
+    const std::size_t count = forEachRandomObject(
+        tarnSeeds,
+        [](const KORVASchemaTypeI& object) {
+            const TarnRegistry tarnRegistry = makeTarnRegistry();
+            const Registry registry = makeRegistry();
+            const TARNSchemaTypeI* const copy = toTarn(object, tarnRegistry);
+            const KORVASchemaTypeI* const read = fromTarn(*copy, *registry);
+            EXPECT_TRUE(areEqual(object, *read)) << toText(object);
+            EXPECT_EQ(toText(*read), toText(object));
+        },
+        anyType);
+    EXPECT_EQ(count, tarnObjects);
+}
+
+TEST(VocabularyOverBridges, TheSecondModelHoldsAllThatAnObjectHolds) {
+    const std::size_t count = forEachRandomObject(
+        1,
+        [](const KORVASchemaTypeI& object) {
+            const TarnRegistry registry = makeTarnRegistry();
+            const TARNSchemaTypeI* const copy = toTarn(object, registry);
+            EXPECT_TRUE(holdsTheSame(object, *copy)) << toText(object);
+        },
+        anyType);
+    EXPECT_EQ(count, tarnObjects / tarnSeeds);
+}
+
+TEST(VocabularyOverBridges, CopiesInTheSecondModelAreEqual) {
+    const std::size_t count = forEachRandomObject(
+        1,
+        [](const KORVASchemaTypeI& object) {
+            const TarnRegistry tarnRegistry = makeTarnRegistry();
+            const Registry registry = makeRegistry();
+            const TARNSchemaTypeI* const one = toTarn(object, tarnRegistry);
+            const KORVASchemaTypeI* const read = fromTarn(*one, *registry);
+            EXPECT_TRUE(*one == *toTarn(*read, tarnRegistry)) << toText(object);
+        },
+        anyType);
+    EXPECT_EQ(count, tarnObjects / tarnSeeds);
 }
 
 TEST(VocabularyOverBridges, EventsAreThoseOfAParserForTheWrittenForm) {

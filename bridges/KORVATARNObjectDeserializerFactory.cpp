@@ -1,0 +1,20 @@
+#include <korva/KORVATARNObjectDeserializer.h>
+#include <korva/KORVATARNObjectDeserializerFactory.h>
+#include <zel/ZELFrame.h>
+
+constinit KORVATARNObjectDeserializerFactory KORVATARNObjectDeserializerFactory::g_instance;
+
+KORVATARNObjectDeserializerFactory& KORVATARNObjectDeserializerFactory::getInstance() {
+    return g_instance;
+}
+
+KORVATARNObjectDeserializerI* KORVATARNObjectDeserializerFactory::create() {
+    ZEL_TRY {
+        return new KORVATARNObjectDeserializer;
+    }
+    ZEL_CATCH("KORVATARNObjectDeserializerFactory::create()")
+}
+
+void KORVATARNObjectDeserializerFactory::destroy(KORVATARNObjectDeserializerI* deserializer) {
+    delete deserializer;
+}
