@@ -2,6 +2,7 @@
 #include "core/Names.h"
 #include "core/NumberedError.h"
 #include "core/ObjectCreation.h"
+#include "core/ObjectName.h"
 #include "core/TextValue.h"
 
 #include <brim/BRIMMemoryOutputStream.h>
@@ -258,7 +259,7 @@ const char* KORVASOAPFault::generatedObjectName() const {
 }
 
 const std::string& KORVASOAPFault::getGeneratedObjectName() const {
-    static const std::string& name = *new std::string(generatedObjectName());  // never destroyed
+    static const std::string& name = korva::makeObjectName(generatedObjectName());
     return name;
 }
 

@@ -1,6 +1,7 @@
 #include "core/Descriptor.h"
 #include "core/Names.h"
 #include "core/NumberedError.h"
+#include "core/ObjectName.h"
 #include "core/TextValue.h"
 
 #include <i18n/KORVAMessageId.h>
@@ -82,7 +83,7 @@ const char* KORVAUndocumentedFaultDetail::generatedObjectName() const {
 }
 
 const std::string& KORVAUndocumentedFaultDetail::getGeneratedObjectName() const {
-    static const std::string& name = *new std::string(generatedObjectName());  // never destroyed
+    static const std::string& name = korva::makeObjectName(generatedObjectName());
     return name;
 }
 

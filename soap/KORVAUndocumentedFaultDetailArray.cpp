@@ -1,3 +1,5 @@
+#include "core/ObjectName.h"
+
 #include <korva/KORVAUndocumentedFaultDetail.h>
 #include <korva/KORVAUndocumentedFaultDetailArray.h>
 #include <zel/ZELAssert.h>
@@ -31,7 +33,7 @@ const char* KORVAUndocumentedFaultDetailArray::generatedObjectName() const {
 }
 
 const std::string& KORVAUndocumentedFaultDetailArray::getGeneratedObjectName() const {
-    static const std::string& name = *new std::string(generatedObjectName());  // never destroyed
+    static const std::string& name = korva::makeObjectName(generatedObjectName());
     return name;
 }
 

@@ -213,7 +213,7 @@ $class$::ObjectType $class$::getObjectType() const { return e$class$; }
     printer.print(R"(
 const char* $class$::generatedObjectName() const { return "$class$"; }
 const std::string& $class$::getGeneratedObjectName() const {
-    static const std::string& name = *new std::string("$class$"); // never destroyed
+    static const std::string& name = korva::makeObjectName("$class$");
     return name;
 }
 )",

@@ -26,7 +26,8 @@ void defineAccessors(Printer& printer, const std::string& className, const model
 void namedClasses(const std::vector<model::Field>& fields, std::vector<std::string>& into);
 void createdClasses(const std::vector<model::Field>& fields, std::vector<std::string>& into);
 
-/// getObjectType, if `concrete`, generatedObjectName and getGeneratedObjectName.
+/// getObjectType, if `concrete`, generatedObjectName and getGeneratedObjectName. The definitions
+/// need "core/ObjectName.h".
 void declareNames(Printer& printer, bool concrete);
 void defineNames(Printer& printer, const std::string& className, bool concrete);
 

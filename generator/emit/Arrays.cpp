@@ -94,9 +94,13 @@ void emitUnit(const Schema& schema, unsigned unit, Files& files) {
     Printer printer;
     printer.print(R"(
 $made$
+$internal$
+
 $includes$
 )",
-                  {{"made", madeFrom(schema.files.front())}, {"includes", includes(included)}});
+                  {{"made", madeFrom(schema.files.front())},
+                   {"internal", internalIncludes({"core/ObjectName.h"})},
+                   {"includes", includes(included)}});
     files.add("schema/KORVASchemaTypesArray" + std::to_string(unit) + "_gen_.cpp",
               printer.take() + arrays.take());
 }

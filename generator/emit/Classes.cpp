@@ -188,8 +188,9 @@ $check$
 #endif
 )",
         {{"made", madeFrom(schema.files.front())},
-         {"internal", internalIncludes({"core/ObjectCreation.h", "schema/KORVADescriptors_gen_.h",
-                                        "schema/KORVARecords_gen_.h"})},
+         {"internal",
+          internalIncludes({"core/ObjectCreation.h", "core/ObjectName.h",
+                            "schema/KORVADescriptors_gen_.h", "schema/KORVARecords_gen_.h"})},
          {"includes", includes(included)},
          {"check", versionCheck}});
     files.add("schema/" + name + std::to_string(unit) + "_gen_.cpp",

@@ -174,7 +174,8 @@ $internal$
 $includes$
 )",
         {{"made", madeFrom(schema.files.front())},
-         {"internal", internalIncludes({"core/EnumWords.h", "schema/KORVADescriptors_gen_.h"})},
+         {"internal", internalIncludes({"core/EnumWords.h", "core/ObjectName.h",
+                                        "schema/KORVADescriptors_gen_.h"})},
          {"includes", includes(included)}});
     files.add("schema/KORVASchemaTypesEnum_gen_.cpp", printer.take() + enums.take());
 }

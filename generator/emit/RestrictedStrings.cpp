@@ -63,8 +63,15 @@ void emitRestrictedStrings(const Schema& schema, Files& files) {
         printClass(classes, *type);
     }
     Printer printer;
-    printer.print("$made$$includes$",
-                  {{"made", madeFrom(schema.files.front())}, {"includes", includes(included)}});
+    printer.print(R"(
+$made$
+$internal$
+
+$includes$
+)",
+                  {{"made", madeFrom(schema.files.front())},
+                   {"internal", internalIncludes({"core/ObjectName.h"})},
+                   {"includes", includes(included)}});
     files.add("schema/KORVASchemaTypesRestrictedString_gen_.cpp", printer.take() + classes.take());
 }
 

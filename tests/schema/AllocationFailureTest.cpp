@@ -97,6 +97,15 @@ TEST(AllocationFailure, ConstructorsRaiseOutOfMemoryError) {
     EXPECT_EQ(forEachFailingAllocation([] { KORVAGuid object; }), 0u);
 }
 
+TEST(AllocationFailure, NameObjectsAreMadeByALaterCall) {
+    const KORVADeploymentObjectInformation object;
+    for (std::size_t n = 1; n <= 2; ++n) {  // the text object, and its characters
+        const AllocationFailure failure(n);
+        EXPECT_THROW(object.getGeneratedObjectName(), ZELOutOfMemoryError) << n;
+    }
+    EXPECT_EQ(object.getGeneratedObjectName(), "KORVADeploymentObjectInformation");
+}
+
 TEST(AllocationFailure, CreatingGettersLeaveTheChildUnset) {
     const std::size_t count = forEachFailingAllocation([] {
         const Registry registry = makeRegistry();

@@ -1,4 +1,6 @@
 // Made by korva-schemac from sample/sample.xsd; do not edit.
+#include "core/ObjectName.h"
+
 #include <korva/KORVAAccountArray.h>
 #include <korva/KORVABooleanArray.h>
 #include <korva/KORVAStringArray.h>
@@ -15,7 +17,7 @@ KORVAAccountArray::ObjectType KORVAAccountArray::elementType() const { return KO
 KORVAAccountArray::ObjectType KORVAAccountArray::getObjectType() const { return eKORVAAccountArray; }
 const char* KORVAAccountArray::generatedObjectName() const { return "KORVAAccountArray"; }
 const std::string& KORVAAccountArray::getGeneratedObjectName() const {
-    static const std::string& name = *new std::string("KORVAAccountArray"); // never destroyed
+    static const std::string& name = korva::makeObjectName("KORVAAccountArray");
     return name;
 }
 
@@ -31,7 +33,7 @@ KORVABooleanArray::ObjectType KORVABooleanArray::elementType() const { return KO
 KORVABooleanArray::ObjectType KORVABooleanArray::getObjectType() const { return eKORVABooleanArray; }
 const char* KORVABooleanArray::generatedObjectName() const { return "KORVABooleanArray"; }
 const std::string& KORVABooleanArray::getGeneratedObjectName() const {
-    static const std::string& name = *new std::string("KORVABooleanArray"); // never destroyed
+    static const std::string& name = korva::makeObjectName("KORVABooleanArray");
     return name;
 }
 
@@ -47,6 +49,6 @@ KORVAStringArray::ObjectType KORVAStringArray::elementType() const { return KORV
 KORVAStringArray::ObjectType KORVAStringArray::getObjectType() const { return eKORVAStringArray; }
 const char* KORVAStringArray::generatedObjectName() const { return "KORVAStringArray"; }
 const std::string& KORVAStringArray::getGeneratedObjectName() const {
-    static const std::string& name = *new std::string("KORVAStringArray"); // never destroyed
+    static const std::string& name = korva::makeObjectName("KORVAStringArray");
     return name;
 }

@@ -1,5 +1,6 @@
 // Made by korva-schemac from sample/sample.xsd; do not edit.
 #include "core/ObjectCreation.h"
+#include "core/ObjectName.h"
 #include "schema/KORVADescriptors_gen_.h"
 #include "schema/KORVARecords_gen_.h"
 
@@ -107,7 +108,7 @@ const korva::ClassDescriptor& KORVAAccount::descriptor() const {
 KORVAAccount::ObjectType KORVAAccount::getObjectType() const { return eKORVAAccount; }
 const char* KORVAAccount::generatedObjectName() const { return "KORVAAccount"; }
 const std::string& KORVAAccount::getGeneratedObjectName() const {
-    static const std::string& name = *new std::string("KORVAAccount"); // never destroyed
+    static const std::string& name = korva::makeObjectName("KORVAAccount");
     return name;
 }
 

@@ -1,5 +1,6 @@
 // Made by korva-schemac from sample/sample.xsd; do not edit.
 #include "core/EnumWords.h"
+#include "core/ObjectName.h"
 #include "schema/KORVADescriptors_gen_.h"
 
 #include <korva/KORVAAccessEnum.h>
@@ -43,7 +44,7 @@ const korva::EnumDescriptor& KORVAAccessEnum::descriptor() const {
 KORVAAccessEnum::ObjectType KORVAAccessEnum::getObjectType() const { return eKORVAAccessEnum; }
 const char* KORVAAccessEnum::generatedObjectName() const { return "KORVAAccessEnum"; }
 const std::string& KORVAAccessEnum::getGeneratedObjectName() const {
-    static const std::string& name = *new std::string("KORVAAccessEnum"); // never destroyed
+    static const std::string& name = korva::makeObjectName("KORVAAccessEnum");
     return name;
 }
 
@@ -76,6 +77,6 @@ const korva::EnumDescriptor& KORVAUnknownEnum::descriptor() const {
 KORVAUnknownEnum::ObjectType KORVAUnknownEnum::getObjectType() const { return eKORVAUnknownEnum; }
 const char* KORVAUnknownEnum::generatedObjectName() const { return "KORVAUnknownEnum"; }
 const std::string& KORVAUnknownEnum::getGeneratedObjectName() const {
-    static const std::string& name = *new std::string("KORVAUnknownEnum"); // never destroyed
+    static const std::string& name = korva::makeObjectName("KORVAUnknownEnum");
     return name;
 }

@@ -1,5 +1,6 @@
 // Made by korva-schemac from sample/sample.xsd; do not edit.
 #include "core/ObjectCreation.h"
+#include "core/ObjectName.h"
 #include "schema/KORVADescriptors_gen_.h"
 #include "schema/KORVARecords_gen_.h"
 
@@ -53,7 +54,7 @@ const korva::ClassDescriptor& KORVAStringArrayProp::descriptor() const {
 KORVAStringArrayProp::ObjectType KORVAStringArrayProp::getObjectType() const { return eKORVAStringArrayProp; }
 const char* KORVAStringArrayProp::generatedObjectName() const { return "KORVAStringArrayProp"; }
 const std::string& KORVAStringArrayProp::getGeneratedObjectName() const {
-    static const std::string& name = *new std::string("KORVAStringArrayProp"); // never destroyed
+    static const std::string& name = korva::makeObjectName("KORVAStringArrayProp");
     return name;
 }
 

@@ -1,4 +1,6 @@
 // Made by korva-schemac from sample/sample.xsd; do not edit.
+#include "core/ObjectName.h"
+
 #include <korva/KORVAGuid.h>
 
 KORVAGuid::KORVAGuid() = default;
@@ -8,6 +10,6 @@ KORVAGuid::~KORVAGuid() = default;
 KORVAGuid::ObjectType KORVAGuid::getObjectType() const { return eKORVAGuid; }
 const char* KORVAGuid::generatedObjectName() const { return "KORVAGuid"; }
 const std::string& KORVAGuid::getGeneratedObjectName() const {
-    static const std::string& name = *new std::string("KORVAGuid"); // never destroyed
+    static const std::string& name = korva::makeObjectName("KORVAGuid");
     return name;
 }
