@@ -1,13 +1,17 @@
 // The bridges with each allocation failing in turn.
 #include "tests/bridges/Conversions.h"
+#include "tests/faults/SampleFaults.h"
 #include "tests/support/ForEachFailingAllocation.h"
 #include "tests/support/Registry.h"
 
+#include <korva/KORVABase64BinaryProp.h>
 #include <korva/KORVADOMObjectDeserializerFactory.h>
 #include <korva/KORVADOMObjectSerializerFactory.h>
 #include <korva/KORVAPermission.h>
 #include <korva/KORVAPermissionArray.h>
 #include <korva/KORVASAXObjectSerializerFactory.h>
+#include <korva/KORVATARNObjectDeserializerFactory.h>
+#include <korva/KORVATARNObjectSerializerFactory.h>
 #include <korva/KORVAXSBase64Binary.h>
 #include <korva/KORVA_CharStreamable.h>
 
@@ -85,6 +89,43 @@ TEST_F(BridgeAllocation, AFailureOnTheWayThroughEventsLeavesNothingBehind) {
               10u);
 }
 
+TEST_F(BridgeAllocation, AFailureOnTheWayIntoTheSecondModelLeavesNothingBehind) {
+    permissions[2].setName(id.asCharStar());
+    const korva::test::Maker maker;
+    KORVASOAPFault& fault = korva::test::makeDocumentedFault(maker);
+    korva::test::addUndocumentedDetails(maker, fault, korva::test::sampleDetails());
+    KORVAXSBase64Binary bytes("bytes", 5);
+    KORVABase64BinaryProp binary;
+    binary.setValue(&bytes);
+    for (const KORVASchemaTypeI* const object : {static_cast<const KORVASchemaTypeI*>(&array),
+                                                 static_cast<const KORVASchemaTypeI*>(&fault),
+                                                 static_cast<const KORVASchemaTypeI*>(&binary)})
+        EXPECT_GT(forEachFailingAllocation([object] {
+                      const auto registry = korva::test::makeTarnRegistry();
+                      korva::test::toTarn(*object, registry);
+                  }),
+                  5u);
+}
+
+TEST_F(BridgeAllocation, AFailureOnTheWayOutOfTheSecondModelLeavesNothingBehind) {
+    permissions[2].setName(id.asCharStar());
+    const korva::test::Maker maker;
+    KORVASOAPFault& fault = korva::test::makeDocumentedFault(maker);
+    korva::test::addUndocumentedDetails(maker, fault, korva::test::sampleDetails());
+    KORVAXSBase64Binary bytes("bytes", 5);
+    KORVABase64BinaryProp binary;
+    binary.setValue(&bytes);
+    const auto source = korva::test::makeTarnRegistry();
+    for (const TARNSchemaTypeI* const object :
+         {korva::test::toTarn(array, source), korva::test::toTarn(fault, source),
+          korva::test::toTarn(binary, source)})
+        EXPECT_GT(forEachFailingAllocation([object] {
+                      const Registry registry = makeRegistry();
+                      korva::test::fromTarn(*object, *registry);
+                  }),
+                  5u);
+}
+
 TEST_F(BridgeAllocation, AFailureInAFactoryLeavesNothingBehind) {
     EXPECT_EQ(forEachFailingAllocation([] {
                   auto& factory = KORVADOMObjectSerializerFactory::getInstance();
@@ -98,6 +139,16 @@ TEST_F(BridgeAllocation, AFailureInAFactoryLeavesNothingBehind) {
               1u);
     EXPECT_EQ(forEachFailingAllocation([] {
                   auto& factory = KORVASAXObjectSerializerFactory::getInstance();
+                  factory.destroy(factory.create());
+              }),
+              1u);
+    EXPECT_EQ(forEachFailingAllocation([] {
+                  auto& factory = KORVATARNObjectSerializerFactory::getInstance();
+                  factory.destroy(factory.create());
+              }),
+              1u);
+    EXPECT_EQ(forEachFailingAllocation([] {
+                  auto& factory = KORVATARNObjectDeserializerFactory::getInstance();
                   factory.destroy(factory.create());
               }),
               1u);
