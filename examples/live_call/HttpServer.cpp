@@ -90,7 +90,7 @@ public:
             respond(response, answer(request, content));
         });
         m_server.set_exception_handler([this](const httplib::Request&, httplib::Response& response,
-                                              std::exception_ptr) {
+                                              const std::exception_ptr&) {
             respond(response, m_endpoint.refuse("The request has a form that is not taken here."));
         });
         m_server.Get("/status", [](const httplib::Request&, httplib::Response& response) {
