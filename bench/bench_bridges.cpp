@@ -14,7 +14,11 @@
 #include <korva/KORVASAXObjectSerializer.h>
 #include <korva/KORVASOAPSerializer.h>
 #include <korva/KORVASchemaTypeIContentHandler.h>
+#include <korva/KORVASchemaTypesFactory.h>
+#include <korva/KORVATARNObjectDeserializer.h>
+#include <korva/KORVATARNObjectSerializer.h>
 #include <korva/KORVAXMLDeserializer.h>
+#include <tarn/TARNObjectRegistry.h>
 #include <zel/I18NConverter.h>
 #include <zel/ZELSmartPointer.h>
 #include <zelidom/ZELIDOM_Document.h>
@@ -37,6 +41,7 @@ namespace {
 constexpr std::size_t megabyte = 1000 * 1000;
 
 using Registry = ZELSmartPointer<KORVAObjectRegistry>;
+using TarnRegistry = ZELSmartPointer<TARNObjectRegistry>;
 
 /// A query's result of a megabyte, with its written form.
 struct Subject {
@@ -136,6 +141,35 @@ void readEvents(benchmark::State& state) {
     setBytes(state);
 }
 
+void writeTarn(benchmark::State& state) {
+    for (auto _ : state) {
+        const TarnRegistry registry = TARNObjectRegistry::create();
+        benchmark::DoNotOptimize(
+            KORVATARNObjectSerializer().serialize(subject().object, *registry));
+    }
+    setBytes(state);
+}
+
+void readTarn(benchmark::State& state) {
+    const TarnRegistry source = TARNObjectRegistry::create();
+    const TARNSchemaTypeI* const object =
+        KORVATARNObjectSerializer().serialize(subject().object, *source);
+    for (auto _ : state) {
+        const Registry registry = KORVAObjectRegistry::create();
+        benchmark::DoNotOptimize(KORVATARNObjectDeserializer().deserialize(object, *registry));
+    }
+    setBytes(state);
+}
+
+void copyObject(benchmark::State& state) {
+    for (auto _ : state) {
+        const Registry registry = KORVAObjectRegistry::create();
+        benchmark::DoNotOptimize(
+            &KORVASchemaTypesFactory::getInstance().createCopy(*subject().object, *registry));
+    }
+    setBytes(state);
+}
+
 void parseToDocument(benchmark::State& state) {
     for (auto _ : state) {
         xercesc::XercesDOMParser parser;
@@ -171,6 +205,9 @@ void registerAll() {
     add("read/wire", readWire);
     add("read/document", readDocument);
     add("read/events", readEvents);
+    add("write/tarn", writeTarn);
+    add("read/tarn", readTarn);
+    add("copy", copyObject);
     add("parse/document", parseToDocument);
     add("parse/events", parseToEvents);
     addRatio({"object to document, against writing it", "write/document", "write/wire", 0, 0});
@@ -179,6 +216,10 @@ void registerAll() {
     addRatio({"object to events, against a parse", "write/events", "parse/events", 0, 0});
     addRatio({"document to object, against reading it", "read/document", "read/wire", 0, 0});
     addRatio({"object to events to object, against reading", "read/events", "read/wire", 0, 0});
+    addRatio({"object to second model, against writing it", "write/tarn", "write/wire", 0, 0});
+    addRatio({"second model to object, against reading it", "read/tarn", "read/wire", 0, 0});
+    addRatio({"object to second model, against copying it", "write/tarn", "copy", 0, 0});
+    addRatio({"second model to object, against copying it", "read/tarn", "copy", 0, 0});
 }
 
 }  // namespace
