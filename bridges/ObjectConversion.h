@@ -86,12 +86,12 @@ public:
     }
 
     void copyChild(TargetObject& target, const char* name, SourceType type, void* value) {
-        if (Source::isArrayType(type))
-            copyArray(target, name, asObject(value));
-        else if (Source::Factory::isGeneratedType(type))
-            copyGenerated(target, name, asObject(value));
-        else
+        if (!Source::Factory::isGeneratedType(type))
             copyNative(target, name, type, value);
+        else if (Source::isArrayType(type))
+            copyArray(target, name, asObject(value));
+        else
+            copyGenerated(target, name, asObject(value));
     }
 
     void copyArray(TargetObject& target, const char* name, const SourceObject& value) {
@@ -200,7 +200,7 @@ private:
         SourceType source{};
         TargetType target{};
     };
-    static constexpr std::uint32_t knownTypes = 32;
+    static constexpr std::uint32_t knownTypes = 128;
 
     /// Arrays take any name for their elements but the empty one.
     static constexpr const char* elementName = "dummy";

@@ -1,10 +1,11 @@
 // The deserializer of the second object model.
 #pragma once
 
+#include <korva/KORVASchemaTypeI.h>
 #include <korva/KORVATARNObjectDeserializerI.h>
 #include <tarn/TARNSchemaTypeI.h>
 
-/// What a class derived from it may use to copy parts: each operation copies what it is handed with
+/// A class derived from it may copy parts: each protected operation copies what it is handed with
 /// all that it holds, and fails as deserialize does.
 class KORVA_EXPORT KORVATARNObjectDeserializer : public KORVATARNObjectDeserializerI {
 public:

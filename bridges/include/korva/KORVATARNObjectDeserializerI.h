@@ -2,9 +2,9 @@
 #pragma once
 
 #include <korva/KORVAExport.h>
-#include <korva/KORVASchemaTypeI.h>
 
 class KORVAObjectRegistryI;
+class KORVASchemaTypeI;
 class TARNSchemaTypeI;
 
 /// Makes deep copies of objects of the second model. A deserializer keeps nothing between calls.

@@ -1,10 +1,11 @@
 // The serializer into the second object model.
 #pragma once
 
+#include <korva/KORVASchemaTypeI.h>
 #include <korva/KORVATARNObjectSerializerI.h>
 #include <tarn/TARNSchemaTypeI.h>
 
-/// What a class derived from it may use to copy parts: each operation copies what it is handed with
+/// A class derived from it may copy parts: each protected operation copies what it is handed with
 /// all that it holds, and fails as serialize does.
 class KORVA_EXPORT KORVATARNObjectSerializer : public KORVATARNObjectSerializerI {
 public:

@@ -2,8 +2,8 @@
 #pragma once
 
 #include <korva/KORVAExport.h>
-#include <korva/KORVASchemaTypeI.h>
 
+class KORVASchemaTypeI;
 class TARNObjectRegistryI;
 class TARNSchemaTypeI;
 
