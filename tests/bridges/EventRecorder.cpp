@@ -25,7 +25,7 @@ std::string nameOf(const XMLCh* uri, const XMLCh* localName, const XMLCh* qName)
 bool holdsText(const std::string& type) {
     if (type.rfind("xs:", 0) == 0) return true;
     if (type.rfind("bus:", 0) != 0) return false;
-    const SchemaType::Family family = vocabulary().at(type.substr(4)).family;
+    const SchemaType::Family family = builtSchema().at(type.substr(4)).family;
     return family == SchemaType::eEnum || family == SchemaType::eRestrictedString;
 }
 

@@ -41,7 +41,7 @@ TEST(TarnSupport, FaultsHaveTheSameNumbers) {
 
 TEST(TarnSupport, EachTypeOfTheSchemaIsFoundByItsName) {
     std::size_t count = 0;
-    for (const auto& [name, type] : korva::test::vocabulary()) {
+    for (const auto& [name, type] : korva::test::builtSchema()) {
         const Korva::ObjectType korva = korva::test::identityOf("bus:" + name);
         const Tarn::ObjectType tarn = Support::getObjectType(korva);
         EXPECT_EQ(TARNSchemaTypesFactory::getInstance().objectTypeToXSIType(tarn), "bus:" + name);

@@ -1,4 +1,4 @@
-/// The types of the schema, and objects of them at random.
+/// Objects of all types of the schema at random.
 #pragma once
 
 #include "tests/roundtrip/RandomValues.h"
@@ -14,9 +14,6 @@
 
 namespace korva::test {
 
-/// All types of the schema, read once.
-const Schema& vocabulary();
-
 /// Whether a document can have a type as its root: of arrays it tells the type of the elements
 /// only.
 inline bool canBeRoot(const std::string& name, const SchemaType& type) {
@@ -29,9 +26,9 @@ template <class Action, class Predicate = decltype(canBeRoot)>
 std::size_t forEachRandomObject(std::uint32_t seeds, Action action, Predicate& takes = canBeRoot) {
     const Registry registry = makeRegistry();
     RandomValues values;
-    ObjectFiller filler(vocabulary(), registry, values);
+    ObjectFiller filler(builtSchema(), registry, values);
     std::size_t count = 0;
-    for (const auto& [name, type] : vocabulary()) {
+    for (const auto& [name, type] : builtSchema()) {
         if (type.isAbstract) continue;
         if (type.family == SchemaType::eEnum && type.words.empty()) continue;
         if (!takes(name, type)) continue;

@@ -30,6 +30,7 @@ namespace {
 using korva::test::areEqual;
 using korva::test::areSameBytes;
 using korva::test::Binding;
+using korva::test::builtSchema;
 using korva::test::makeRegistry;
 using korva::test::messageTypeOf;
 using korva::test::ObjectFiller;
@@ -37,16 +38,10 @@ using korva::test::operations;
 using korva::test::PortTypeOperation;
 using korva::test::RandomValues;
 using korva::test::Registry;
-using korva::test::Schema;
 using korva::test::WireForm;
 using korva::test::writeEnvelope;
 using Object = KORVASchemaTypeI;
 using Factory = KORVASchemaTypesFactory;
-
-const Schema& schema() {
-    static const Schema types = korva::test::scanSchema(KORVA_TEST_SCHEMA_DIR);
-    return types;
-}
 
 /// The version of "query" that no reader finds: an earlier one has all of its parameters.
 constexpr const char* hiddenRequest = "Many_CMS_query_1_Request";
@@ -64,7 +59,9 @@ bool isToldAlike(const PortTypeOperation& operation,
 class Calls {
 public:
     Calls()
-        : m_sources(makeRegistry()), m_filler(schema(), m_sources, m_values), m_form(schema()) {}
+        : m_sources(makeRegistry()),
+          m_filler(builtSchema(), m_sources, m_values),
+          m_form(builtSchema()) {}
 
     /// How much a call carries.
     enum Load { eNothing, eParameters, eParametersAndHeader };
@@ -247,7 +244,7 @@ TEST(OperationVersions, DisagreeOnTheTypeOfTheQueryOptionsAlone) {
 
 TEST(OperationVersions, ReaderRefusesTheOptionsOfALaterQuery) {
     const Registry sources = makeRegistry();
-    ObjectFiller filler(schema(), sources);
+    ObjectFiller filler(builtSchema(), sources);
     const std::pair<const char*, const char*> requests[] = {
         {"CMS_query_2_Request", "queryMultipleOptions"},
         {"RS_query_Request", "queryReportOptions"},
@@ -267,7 +264,7 @@ TEST(OperationVersions, ReaderRefusesTheOptionsOfALaterQuery) {
 
 TEST(OperationVersions, ParametersOfAHiddenVersionArriveInTheOneThatHidesIt) {
     const Registry sources = makeRegistry();
-    ObjectFiller filler(schema(), sources);
+    ObjectFiller filler(builtSchema(), sources);
     const PortTypeOperation& hidden = operationWith(hiddenRequest);
     const Binding client = hidden.portType->createPortTypeBinding(messageTypeOf(hiddenRequest));
     KORVASchemaTypeI& requests = filler.make("queryRequestArray");

@@ -29,6 +29,7 @@ namespace {
 using korva::test::areEqual;
 using korva::test::areSameBytes;
 using korva::test::Binding;
+using korva::test::builtSchema;
 using korva::test::classNameOf;
 using korva::test::identityOf;
 using korva::test::makeRegistry;
@@ -36,15 +37,9 @@ using korva::test::ObjectFiller;
 using korva::test::PortTypeOperation;
 using korva::test::RandomValues;
 using korva::test::Registry;
-using korva::test::Schema;
 using korva::test::SchemaType;
 using korva::test::WireForm;
 using Object = KORVASchemaTypeI;
-
-const Schema& schema() {
-    static const Schema types = korva::test::scanSchema(KORVA_TEST_SCHEMA_DIR);
-    return types;
-}
 
 std::uint32_t crcOf(const std::string& name) {
     return static_cast<std::uint32_t>(identityOf("bus:" + name));
@@ -62,12 +57,14 @@ bool isWordless(const SchemaType& type) {
 class VocabularyOnTheWire : public testing::Test {
 protected:
     VocabularyOnTheWire()
-        : m_sources(makeRegistry()), m_filler(schema(), m_sources, m_values), m_form(schema()) {}
+        : m_sources(makeRegistry()),
+          m_filler(builtSchema(), m_sources, m_values),
+          m_form(builtSchema()) {}
 
     /// Calls `action` for each type that can be made, with values of its own to draw.
     template <class Action>
     void forEachConcreteType(Action action) {
-        for (const auto& [name, type] : schema()) {
+        for (const auto& [name, type] : builtSchema()) {
             if (type.isAbstract) continue;
             SCOPED_TRACE(name);
             m_values.restart(crcOf(name));
@@ -121,7 +118,7 @@ TEST_F(VocabularyOnTheWire, CoversAllNamesOfTheVocabulary) {
     const std::vector<std::string> names = korva::test::tableLines("type-names.txt");
     const std::set<std::string> listed(names.begin(), names.end());
     std::set<std::string> scanned;
-    for (const auto& row : schema())
+    for (const auto& row : builtSchema())
         scanned.insert(row.first);
     EXPECT_EQ(scanned, listed);
     std::size_t concrete = 0;

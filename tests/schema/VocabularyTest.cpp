@@ -27,23 +27,18 @@
 namespace {
 
 using korva::test::allFields;
+using korva::test::builtSchema;
 using korva::test::classNameOf;
 using korva::test::dump;
 using korva::test::identityOf;
 using korva::test::makeRegistry;
 using korva::test::ObjectFiller;
 using korva::test::Registry;
-using korva::test::Schema;
 using korva::test::SchemaField;
 using korva::test::SchemaType;
 using Object = KORVASchemaTypeI;
 using Type = KORVASchemaTypeI::ObjectType;
 using Factory = KORVASchemaTypesFactory;
-
-const Schema& schema() {
-    static const Schema read = korva::test::scanSchema(KORVA_TEST_SCHEMA_DIR);
-    return read;
-}
 
 const Factory& factory() {
     return Factory::getInstance();
@@ -80,7 +75,7 @@ bool isEqual(const KORVASchemaTypeI& left, const KORVASchemaTypeI& right) {
 /// Runs `check` for every type that can be created.
 template <class Check>
 void forEachConcreteType(Check check) {
-    for (const auto& [name, type] : schema()) {
+    for (const auto& [name, type] : builtSchema()) {
         if (type.isAbstract) continue;
         SCOPED_TRACE(name);
         check(name, type);
@@ -88,12 +83,12 @@ void forEachConcreteType(Check check) {
 }
 
 TEST(Vocabulary, HasTheTypesThatTheSchemaHas) {
-    EXPECT_EQ(schema().size(), 933u);
+    EXPECT_EQ(builtSchema().size(), 933u);
     std::size_t arrays = 0;
     std::size_t objectArrays = 0;
     std::size_t restrictedStrings = 0;
     std::set<Type> identities;
-    for (const auto& [name, type] : schema()) {
+    for (const auto& [name, type] : builtSchema()) {
         identities.insert(identity(name));
         if (type.family == SchemaType::eRestrictedString) ++restrictedStrings;
         if (type.family != SchemaType::eArray) continue;
@@ -107,7 +102,7 @@ TEST(Vocabulary, HasTheTypesThatTheSchemaHas) {
 }
 
 TEST(Vocabulary, FactoryKnowsEveryTypeByNameAndNumber) {
-    for (const auto& [name, type] : schema()) {
+    for (const auto& [name, type] : builtSchema()) {
         SCOPED_TRACE(name);
         EXPECT_EQ(factory().busTypeToObjectType(name.c_str()), identity(name));
         EXPECT_EQ(factory().stringToObjectType(name.c_str()), identity(name));
@@ -120,7 +115,7 @@ TEST(Vocabulary, FactoryKnowsEveryTypeByNameAndNumber) {
 
 TEST(Vocabulary, AbstractTypesCannotBeCreated) {
     std::size_t count = 0;
-    for (const auto& row : schema()) {
+    for (const auto& row : builtSchema()) {
         const std::string& name = row.first;
         if (!row.second.isAbstract) continue;
         EXPECT_NUMBERED(factory().create(identity(name)), 0xEA47EC7BU,
@@ -141,11 +136,11 @@ TEST(Vocabulary, EveryTypeIsCreatedWithItsIdentityAndNames) {
         EXPECT_EQ(dynamic_cast<void*>(object.get()), static_cast<void*>(object.get()));
         EXPECT_TRUE(object->isa(identity(name)));
         std::set<Type> levels{identity(name)};
-        for (std::string base = type.base; !base.empty(); base = schema().at(base).base) {
+        for (std::string base = type.base; !base.empty(); base = builtSchema().at(base).base) {
             EXPECT_TRUE(object->isa(identity(base))) << base;
             levels.insert(identity(base));
         }
-        for (const auto& [other, otherType] : schema())
+        for (const auto& [other, otherType] : builtSchema())
             EXPECT_EQ(object->isa(identity(other)), levels.count(identity(other)) != 0) << other;
         EXPECT_FALSE(object->isa(Object::e_Unknown));
     });
@@ -155,7 +150,7 @@ TEST(Vocabulary, EveryClassHasTheSchemasChildrenInTheirOrder) {
     forEachConcreteType([](const std::string& name, const SchemaType& type) {
         if (type.family != SchemaType::eClass) return;
         const std::unique_ptr<KORVASchemaTypeI> object(factory().create(identity(name)));
-        const std::vector<SchemaField> fields = allFields(schema(), name);
+        const std::vector<SchemaField> fields = allFields(builtSchema(), name);
         const std::vector<const char*> names = childNames(*object);
         ASSERT_EQ(names.size(), fields.size());
         EXPECT_EQ(object->getChildObjectCount(), fields.size());
@@ -207,7 +202,7 @@ TEST(Vocabulary, EveryArrayHasTheSchemasElements) {
 
 TEST(Vocabulary, EveryEnumerationKnowsItsWordsAndNoOther) {
     std::set<std::string> all;
-    for (const auto& [name, type] : schema())
+    for (const auto& [name, type] : builtSchema())
         all.insert(type.words.begin(), type.words.end());
     EXPECT_GT(all.size(), 200u);
     forEachConcreteType([&all](const std::string& name, const SchemaType& type) {
@@ -231,7 +226,7 @@ TEST(Vocabulary, EveryEnumerationKnowsItsWordsAndNoOther) {
 }
 
 TEST(Vocabulary, EveryNameAndWordStandsInTheWordTable) {
-    for (const auto& [name, type] : schema()) {
+    for (const auto& [name, type] : builtSchema()) {
         for (const SchemaField& field : type.fields)
             EXPECT_STREQ(tarnsymbols1::getChar(crcOf(field.name)), field.name.c_str());
         for (const std::string& word : type.words)
@@ -243,7 +238,7 @@ TEST(Vocabulary, EveryTypeIsFilledCopiedAndCompared) {
     forEachConcreteType([](const std::string& name, const SchemaType&) {
         const Registry sources = makeRegistry();
         const Registry copies = makeRegistry();
-        ObjectFiller filler(schema(), sources);
+        ObjectFiller filler(builtSchema(), sources);
         const KORVASchemaTypeI& source = filler.make(name);
         const KORVASchemaTypeI& copy = factory().createCopy(source, *copies);
         EXPECT_EQ(copy.getObjectType(), source.getObjectType());
@@ -319,8 +314,8 @@ TEST(Vocabulary, EveryChildTakesPartInComparison) {
         for (const char* const child : childNames(*empty)) {
             // Two fillers that count alike make the same values.
             constexpr int deepest = 2;
-            ObjectFiller first(schema(), registry, deepest);
-            ObjectFiller second(schema(), registry, deepest);
+            ObjectFiller first(builtSchema(), registry, deepest);
+            ObjectFiller second(builtSchema(), registry, deepest);
             KORVASchemaTypeI& left = first.makeEmpty(identity(name));
             KORVASchemaTypeI& right = second.makeEmpty(identity(name));
             first.fillChild(left, child);

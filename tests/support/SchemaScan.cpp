@@ -12,10 +12,11 @@ namespace korva::test {
 
 namespace {
 
-/// One tag of an XML file: what stands between its angle brackets.
+/// One tag of an XML file: what stands between its angle brackets, and the text behind it.
 class Tag {
 public:
-    explicit Tag(std::string text) : m_text(std::move(text)) {}
+    Tag(std::string text, std::string textBehind)
+        : m_text(std::move(text)), m_textBehind(std::move(textBehind)) {}
 
     bool is(const std::string& name) const {
         return m_text.compare(0, name.size(), name) == 0 &&
@@ -32,8 +33,12 @@ public:
         return m_text.substr(value, m_text.find('"', value) - value);
     }
 
+    bool isEmptyElement() const { return m_text.back() == '/'; }
+    const std::string& textBehind() const { return m_textBehind; }
+
 private:
     std::string m_text;
+    std::string m_textBehind;
 };
 
 std::vector<Tag> tagsOf(const std::string& xml) {
@@ -45,7 +50,8 @@ std::vector<Tag> tagsOf(const std::string& xml) {
             continue;
         }
         const std::size_t end = xml.find('>', at);
-        tags.emplace_back(xml.substr(at + 1, end - at - 1));
+        tags.emplace_back(xml.substr(at + 1, end - at - 1),
+                          xml.substr(end + 1, xml.find('<', end) - end - 1));
         at = end;
     }
     return tags;
@@ -60,10 +66,19 @@ bool endsWith(const std::string& text, const std::string& end) {
            text.compare(text.size() - end.size(), end.size(), end) == 0;
 }
 
+/// Takes up "open", or "open" and how many words are not known.
+void noteOpen(const std::string& note, SchemaType& type) {
+    const std::string open = "open";
+    if (note.compare(0, open.size(), open) != 0) return;
+    (type.family == SchemaType::eEnum ? type.open : type.openFields) = true;
+    if (note.size() > open.size()) type.openWords = std::stoi(note.substr(open.size()));
+}
+
 void scanFile(const std::filesystem::path& path, Schema::Types& types) {
     std::ifstream file(path);
     const std::string xml{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
     SchemaType* type = nullptr;
+    bool insideMember = false;  // what is noted there is no note on the type
     const auto begin = [&](const std::string& name, SchemaType::Family family) {
         const auto [row, isNew] = types.emplace(name, SchemaType{});
         if (!isNew) throw std::runtime_error(name + " stands twice");
@@ -83,8 +98,14 @@ void scanFile(const std::filesystem::path& path, Schema::Types& types) {
             type->base = withoutPrefix(tag.attribute("base"));
         } else if (type != nullptr && tag.is("xs:element")) {
             type->fields.push_back({tag.attribute("name"), tag.attribute("type")});
+            insideMember = !tag.isEmptyElement();
         } else if (type != nullptr && tag.is("xs:enumeration")) {
             type->words.push_back(tag.attribute("value"));
+            insideMember = !tag.isEmptyElement();
+        } else if (tag.is("/xs:element") || tag.is("/xs:enumeration")) {
+            insideMember = false;
+        } else if (type != nullptr && !insideMember && tag.is("xs:appinfo")) {
+            noteOpen(tag.textBehind(), *type);
         } else if (type != nullptr && tag.is("xs:attribute")) {
             const std::string arrayType = tag.attribute("wsdl:arrayType");
             type->family = SchemaType::eArray;
@@ -112,16 +133,28 @@ Schema::Schema(Types types) : m_types(std::move(types)) {
                          });
 }
 
-Schema scanSchema(const std::string& directory) {
-    std::vector<std::filesystem::path> files;
-    for (const auto& entry : std::filesystem::directory_iterator(directory))
-        if (entry.path().extension() == ".xsd" && entry.path().stem() != "soap-encoding")
-            files.push_back(entry.path());
-    std::sort(files.begin(), files.end());
-    Schema::Types types;
-    for (const auto& file : files)
-        scanFile(file, types);
-    return Schema(std::move(types));
+bool Schema::isA(const std::string& name, const std::string& base) const {
+    for (std::string current = name; !current.empty(); current = at(current).base)
+        if (current == base) return true;
+    return false;
+}
+
+std::vector<std::string> Schema::derivedFrom(const std::string& base) const {
+    std::vector<std::string> names;
+    for (const auto& [name, type] : m_types)
+        if (isA(name, base)) names.push_back(name);
+    return names;
+}
+
+const Schema& builtSchema() {
+    static const Schema& schema = *new Schema([] {
+        Schema::Types types;
+        for (const auto& entry : std::filesystem::directory_iterator(KORVA_TEST_SCHEMA_DIR))
+            if (entry.path().extension() == ".xsd" && entry.path().stem() != "soap-encoding")
+                scanFile(entry.path(), types);
+        return types;
+    }());
+    return schema;
 }
 
 std::vector<SchemaField> allFields(const Schema& schema, const std::string& name) {

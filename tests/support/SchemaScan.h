@@ -20,6 +20,9 @@ struct SchemaType {
     Family family;
     bool isAbstract = false;
     std::string base;                 ///< classes and properties, without prefix; may be empty
+    bool openFields = false;          ///< its fields are not known
+    bool open = false;                ///< an enumeration with values whose words are not known
+    int openWords = 0;                ///< how many; 0 where that is not known either
     std::vector<SchemaField> fields;  ///< own fields in declared order
     std::string element;              ///< arrays: "bus:schedule", "xs:int"
     std::vector<std::string> words;   ///< enumerations, in declared order
@@ -37,6 +40,12 @@ public:
     std::size_t size() const { return m_types.size(); }
     const SchemaType& at(const std::string& name) const { return m_types.at(name); }
 
+    /// Whether `name` is `base` or derived from it.
+    bool isA(const std::string& name, const std::string& base) const;
+
+    /// The names of `base` and of all types derived from it.
+    std::vector<std::string> derivedFrom(const std::string& base) const;
+
     /// The concrete types that can stand where a type is declared: the type itself, or those below
     /// an abstract type, the one with the fewest fields first.
     const std::vector<std::string>& concreteNames(KORVASchemaTypeI::ObjectType type) const {
@@ -48,8 +57,9 @@ private:
     std::map<KORVASchemaTypeI::ObjectType, std::vector<std::string>> m_concrete;
 };
 
-/// Reads all types of the XSD files in `directory`, but for those of the SOAP encoding.
-Schema scanSchema(const std::string& directory);
+/// All types of the XSD files that the build is made from, but for those of the SOAP encoding. Read
+/// by the first call.
+const Schema& builtSchema();
 
 /// The fields of all bases, root first, and then those of the type.
 std::vector<SchemaField> allFields(const Schema& schema, const std::string& name);

@@ -12,11 +12,6 @@ namespace {
 
 using namespace korva::test;
 
-const Schema& vocabulary() {
-    static const Schema& schema = *new Schema(scanSchema(KORVA_TEST_SCHEMA_DIR));
-    return schema;
-}
-
 /// The identity of a type as the schema files write it; the plain types have the same numbers.
 TarnType identity(const std::string& type) {
     return static_cast<TarnType>(identityOf(type));
@@ -25,7 +20,7 @@ TarnType identity(const std::string& type) {
 template <class Action>
 void forEachConcreteType(Action action) {
     std::size_t count = 0;
-    for (const auto& [name, type] : vocabulary()) {
+    for (const auto& [name, type] : builtSchema()) {
         if (type.isAbstract) continue;
         SCOPED_TRACE(name);
         TarnObjects tarn;
@@ -37,7 +32,7 @@ void forEachConcreteType(Action action) {
 
 TEST(TarnVocabulary, HasEveryTypeByNumberAndName) {
     TARNSchemaTypesFactory& factory = TARNSchemaTypesFactory::getInstance();
-    for (const auto& [name, type] : vocabulary()) {
+    for (const auto& [name, type] : builtSchema()) {
         const TarnType number = identity("bus:" + name);
         EXPECT_EQ(factory.stringToObjectType(name.c_str()), number) << name;
         EXPECT_EQ(factory.objectTypeToXSIType(number), "bus:" + name);
@@ -53,7 +48,7 @@ TEST(TarnVocabulary, ObjectsAreOfTheirTypeAndItsBases) {
         [](const std::string& name, const SchemaType& type, TARNSchemaTypeI& object) {
             EXPECT_EQ(object.getObjectType(), identity("bus:" + name));
             EXPECT_TRUE(object.isa(object.getObjectType()));
-            for (std::string base = type.base; !base.empty(); base = vocabulary().at(base).base)
+            for (std::string base = type.base; !base.empty(); base = builtSchema().at(base).base)
                 EXPECT_TRUE(object.isa(identity("bus:" + base))) << base;
         });
 }
@@ -67,7 +62,7 @@ TEST(TarnVocabulary, ObjectsHaveTheirChildrenInOrder) {
             }
             if (type.family != SchemaType::eClass) return;
             std::vector<std::string> expected;
-            for (const SchemaField& field : allFields(vocabulary(), name)) {
+            for (const SchemaField& field : allFields(builtSchema(), name)) {
                 expected.push_back(field.name);
                 EXPECT_EQ(object.getChildType(field.name.c_str()), identity(field.type));
             }

@@ -1,6 +1,6 @@
 // How the classes derive from each other, and which of them can be made.
 
-#include "tests/vocabulary/SchemaScan.h"
+#include "tests/support/SchemaScan.h"
 #include "tests/vocabulary/Types.h"
 
 #include <gtest/gtest.h>
@@ -12,30 +12,26 @@
 
 namespace {
 
+using korva::test::builtSchema;
 using korva::test::Family;
 using korva::test::isAbstract;
 using korva::test::make;
 using korva::test::namesOf;
-using korva::test::ScannedField;
-using korva::test::SchemaScan;
+using korva::test::SchemaField;
 using korva::test::typeNames;
 using korva::test::typeOf;
 
-const SchemaScan& scan() {
-    return SchemaScan::instance();
-}
-
 std::set<std::string> fieldNamesUnderBaseClass() {
     std::set<std::string> out;
-    for (const std::string& name : scan().derivedFrom("baseClass"))
-        for (const ScannedField& field : scan().type(name).fields)
+    for (const std::string& name : builtSchema().derivedFrom("baseClass"))
+        for (const SchemaField& field : builtSchema().at(name).fields)
             out.insert(field.name);
     return out;
 }
 
 TEST(ClassTree, SchemaAndLibraryAgreeOnWhatIsAbstract) {
     for (const std::string& name : typeNames())
-        EXPECT_EQ(isAbstract(name), scan().type(name).isAbstract) << name;
+        EXPECT_EQ(isAbstract(name), builtSchema().at(name).isAbstract) << name;
 }
 
 TEST(ClassTree, SchemaAndLibraryAgreeOnEachBase) {
@@ -44,7 +40,8 @@ TEST(ClassTree, SchemaAndLibraryAgreeOnEachBase) {
         if (isAbstract(name)) continue;
         const auto object = make(name);
         for (const std::string& base : classes)
-            EXPECT_EQ(object->isa(typeOf(base)), scan().isA(name, base)) << name << ' ' << base;
+            EXPECT_EQ(object->isa(typeOf(base)), builtSchema().isA(name, base))
+                << name << ' ' << base;
     }
 }
 
@@ -60,7 +57,7 @@ TEST(ClassTree, Of65ClassesNoObjectCanBeMadeAndOfTheBaseOfProperties) {
 }
 
 TEST(ClassTree, Has216ClassesUnderBaseClassWithItself) {
-    EXPECT_EQ(scan().derivedFrom("baseClass").size(), 216U);
+    EXPECT_EQ(builtSchema().derivedFrom("baseClass").size(), 216U);
 }
 
 TEST(ClassTree, Of201ClassesUnderBaseClassObjectsCanBeMade) {
@@ -81,30 +78,30 @@ TEST(ClassTree, PropEnumIsTheFieldNamesUnderBaseClassLessEight) {
           "gsMaximumProcesses", "gsPeakAffineConnections", "gsPeakMaximumProcesses", "history",
           "secureKey"})
         EXPECT_EQ(expected.erase(left), 1U) << left;
-    const std::vector<std::string>& words = scan().type("propEnum").words;
+    const std::vector<std::string>& words = builtSchema().at("propEnum").words;
     EXPECT_EQ(words.size(), 559U);
     EXPECT_EQ(std::set<std::string>(words.begin(), words.end()), expected);
-    EXPECT_FALSE(scan().type("propEnum").open);
+    EXPECT_FALSE(builtSchema().at("propEnum").open);
 }
 
 TEST(ClassTree, ClassEnumIsTheConcreteClassesUnderBaseClassAndTwoOptions) {
     std::set<std::string> expected = {"genericOptionObjectRef", "genericOptionObjectRefArray"};
-    for (const std::string& name : scan().derivedFrom("baseClass"))
+    for (const std::string& name : builtSchema().derivedFrom("baseClass"))
         if (!isAbstract(name)) expected.insert(name);
-    const std::vector<std::string>& words = scan().type("classEnum").words;
+    const std::vector<std::string>& words = builtSchema().at("classEnum").words;
     EXPECT_EQ(words.size(), 203U);
     EXPECT_EQ(std::set<std::string>(words.begin(), words.end()), expected);
-    EXPECT_FALSE(scan().type("classEnum").open);
+    EXPECT_FALSE(builtSchema().at("classEnum").open);
 }
 
 TEST(ClassTree, DataIntegrationTaskIsAbstractThoughItsFourSubclassesAddNothing) {
     EXPECT_TRUE(isAbstract("baseDataIntegrationTask"));
     std::size_t count = 0;
-    for (const std::string& name : scan().derivedFrom("baseDataIntegrationTask")) {
+    for (const std::string& name : builtSchema().derivedFrom("baseDataIntegrationTask")) {
         if (name == "baseDataIntegrationTask") continue;
         ++count;
         EXPECT_FALSE(isAbstract(name)) << name;
-        EXPECT_TRUE(scan().type(name).fields.empty()) << name;
+        EXPECT_TRUE(builtSchema().at(name).fields.empty()) << name;
     }
     EXPECT_EQ(count, 4U);
 }

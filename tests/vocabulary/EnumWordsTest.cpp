@@ -1,7 +1,7 @@
 // The words of the enumerations.
 
+#include "tests/support/SchemaScan.h"
 #include "tests/support/TextBuffer.h"
-#include "tests/vocabulary/SchemaScan.h"
 #include "tests/vocabulary/Types.h"
 
 #include <gtest/gtest.h>
@@ -12,17 +12,17 @@
 
 namespace {
 
+using korva::test::builtSchema;
 using korva::test::crcOf;
 using korva::test::Family;
 using korva::test::make;
 using korva::test::namesOf;
-using korva::test::ScannedType;
-using korva::test::SchemaScan;
+using korva::test::SchemaType;
 using korva::test::TextBuffer;
 
 TEST(EnumWords, EachIsTakenAndToldAgain) {
     for (const std::string& name : namesOf(Family::Enum)) {
-        for (const std::string& word : SchemaScan::instance().type(name).words) {
+        for (const std::string& word : builtSchema().at(name).words) {
             const auto value = make(name);
             TextBuffer text(word.c_str());
             value->setChildObject("", &text, KORVASchemaTypeI::eString, nullptr);
@@ -34,7 +34,7 @@ TEST(EnumWords, EachIsTakenAndToldAgain) {
 TEST(EnumWords, NoTwoOfAnEnumerationShareACrc) {
     for (const std::string& name : namesOf(Family::Enum)) {
         std::set<std::int32_t> crcs;
-        const std::vector<std::string>& words = SchemaScan::instance().type(name).words;
+        const std::vector<std::string>& words = builtSchema().at(name).words;
         for (const std::string& word : words)
             crcs.insert(crcOf(word));
         EXPECT_EQ(crcs.size(), words.size()) << name;
@@ -45,7 +45,7 @@ TEST(EnumWords, NoTwoOfAnEnumerationShareACrc) {
 TEST(EnumWords, AreMissingOnlyWhereTheEnumerationIsOpen) {
     std::size_t open = 0;
     for (const std::string& name : namesOf(Family::Enum)) {
-        const ScannedType& type = SchemaScan::instance().type(name);
+        const SchemaType& type = builtSchema().at(name);
         open += type.open ? 1 : 0;
         EXPECT_TRUE(type.open || !type.words.empty()) << name;
     }

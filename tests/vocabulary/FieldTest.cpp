@@ -1,6 +1,6 @@
 // The fields of the classes: which, in which order, of which type.
 
-#include "tests/vocabulary/SchemaScan.h"
+#include "tests/support/SchemaScan.h"
 #include "tests/vocabulary/Types.h"
 
 #include <gtest/gtest.h>
@@ -10,24 +10,20 @@
 
 namespace {
 
+using korva::test::builtSchema;
 using korva::test::childrenOf;
 using korva::test::childTypeOf;
 using korva::test::Family;
 using korva::test::isAbstract;
 using korva::test::make;
 using korva::test::namesOf;
-using korva::test::ScannedField;
-using korva::test::SchemaScan;
-
-const SchemaScan& scan() {
-    return SchemaScan::instance();
-}
+using korva::test::SchemaField;
 
 void expectDeclaredFields(const std::string& name) {
     if (isAbstract(name)) return;
     const auto object = make(name);
     const std::vector<std::string> children = childrenOf(*object);
-    const std::vector<ScannedField> fields = scan().allFields(name);
+    const std::vector<SchemaField> fields = allFields(builtSchema(), name);
     ASSERT_EQ(children.size(), fields.size()) << name;
     for (std::size_t i = 0; i < fields.size(); ++i) {
         EXPECT_EQ(children[i], fields[i].name) << name;
@@ -49,7 +45,7 @@ TEST(Field, OfEachPropertyIsTheSchemaInfoAndTheValue) {
 }
 
 TEST(Field, ThereAreTwentyOfEveryContentObject) {
-    EXPECT_EQ(scan().type("baseClass").fields.size(), 20U);
+    EXPECT_EQ(builtSchema().at("baseClass").fields.size(), 20U);
     EXPECT_EQ(make("nil")->getChildObjectCount(), 20U);
 }
 
@@ -67,14 +63,15 @@ TEST(Field, OfABaseIsFoundInADerivedClass) {
 TEST(Field, SevenContentClassesHaveNoneOfTheirOwn) {
     for (const char* const name : {"tenants", "portal", "portalSkinFolder", "resourceFolder",
                                    "dataSetFolder", "modelView", "transientStateFolder"}) {
-        EXPECT_TRUE(scan().type(name).fields.empty()) << name;
-        EXPECT_EQ(make(name)->getChildObjectCount(), scan().isA(name, "uiClass") ? 29U : 20U);
+        EXPECT_TRUE(builtSchema().at(name).fields.empty()) << name;
+        EXPECT_EQ(make(name)->getChildObjectCount(),
+                  builtSchema().isA(name, "uiClass") ? 29U : 20U);
     }
 }
 
 TEST(Field, IsMissingInFourteenClassesThatAreOpen) {
     std::vector<std::string> open;
-    for (const auto& [name, type] : scan().types()) {
+    for (const auto& [name, type] : builtSchema()) {
         if (!type.openFields) continue;
         open.push_back(name);
         EXPECT_TRUE(type.fields.empty()) << name;

@@ -1,7 +1,7 @@
 // The option families: a name from the family's enumeration, a value of the leaf's type.
 
 #include "tests/support/ExpectThrow.h"
-#include "tests/vocabulary/SchemaScan.h"
+#include "tests/support/SchemaScan.h"
 #include "tests/vocabulary/Tables.h"
 #include "tests/vocabulary/Types.h"
 
@@ -18,6 +18,7 @@
 
 namespace {
 
+using korva::test::builtSchema;
 using korva::test::childrenOf;
 using korva::test::childTypeOf;
 using korva::test::isAbstract;
@@ -25,8 +26,7 @@ using korva::test::make;
 using korva::test::optionFamilies;
 using korva::test::OptionFamily;
 using korva::test::OptionLeaf;
-using korva::test::ScannedType;
-using korva::test::SchemaScan;
+using korva::test::SchemaType;
 using korva::test::typeOf;
 
 TEST(OptionFamily, ThereAre34With131Leaves) {
@@ -45,7 +45,7 @@ TEST(OptionFamily, NoOtherClassIsAnOption) {
             expected.push_back(leaf.name);
     }
     std::sort(expected.begin(), expected.end());
-    EXPECT_EQ(SchemaScan::instance().derivedFrom("option"), expected);
+    EXPECT_EQ(builtSchema().derivedFrom("option"), expected);
 }
 
 TEST(OptionFamily, IsAbstractAndRefusedByTheFactory) {
@@ -88,8 +88,8 @@ TEST(OptionFamily, HasAsManyNamesAsAreKnownOrOpen) {
             EXPECT_EQ(family.nameCount, "free");
             continue;
         }
-        const ScannedType& names =
-            SchemaScan::instance().type(family.nameType.substr(std::string("bus:").size()));
+        const SchemaType& names =
+            builtSchema().at(family.nameType.substr(std::string("bus:").size()));
         EXPECT_EQ(std::to_string(names.words.size() + static_cast<std::size_t>(names.openWords)),
                   family.nameCount)
             << family.name;

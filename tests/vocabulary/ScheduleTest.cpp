@@ -1,7 +1,7 @@
 // Schedules and histories.
 
 #include "tests/support/Registry.h"
-#include "tests/vocabulary/SchemaScan.h"
+#include "tests/support/SchemaScan.h"
 #include "tests/vocabulary/Types.h"
 
 #include <korva/KORVAGenericOptionString.h>
@@ -22,10 +22,10 @@
 
 namespace {
 
+using korva::test::builtSchema;
 using korva::test::childrenOf;
 using korva::test::childTypeOf;
 using korva::test::make;
-using korva::test::SchemaScan;
 
 TEST(Schedule, KeepsOptionsParametersAndRunOptionsApart) {
     KORVAGenericOptionString option;
@@ -68,7 +68,7 @@ TEST(Schedule, HasAFlagForEachDayOfTheWeek) {
 }
 
 TEST(History, DetailHoldsOnlyWhatItInherits) {
-    EXPECT_TRUE(SchemaScan::instance().type("historyDetail").fields.empty());
+    EXPECT_TRUE(builtSchema().at("historyDetail").fields.empty());
     const auto detail = make("historyDetail");
     const std::vector<std::string> children = childrenOf(*detail);
     ASSERT_EQ(children.size(), 23U);

@@ -2,7 +2,7 @@
 
 #include "tests/support/ExpectThrow.h"
 #include "tests/support/Registry.h"
-#include "tests/vocabulary/SchemaScan.h"
+#include "tests/support/SchemaScan.h"
 
 #include <korva/KORVAEventRefPropEnum.h>
 #include <korva/KORVAOrderEnum.h>
@@ -22,7 +22,7 @@
 
 namespace {
 
-using korva::test::SchemaScan;
+using korva::test::builtSchema;
 
 TEST(Search, PropEnumHasTheNamesOfTheFieldsOfAnyClass) {
     for (const char* const name : {"searchPath", "hidden", "defaultOutputFormat", "rsAuditLevel",
@@ -34,7 +34,7 @@ TEST(Search, PropEnumHasTheNamesOfTheFieldsOfAnyClass) {
 }
 
 TEST(Search, PropEnumIsInAlphabeticalOrderWithoutRegardToCase) {
-    const std::vector<std::string>& words = SchemaScan::instance().type("propEnum").words;
+    const std::vector<std::string>& words = builtSchema().at("propEnum").words;
     EXPECT_TRUE(std::is_sorted(
         words.begin(), words.end(), [](const std::string& left, const std::string& right) {
             return std::lexicographical_compare(
@@ -66,7 +66,7 @@ TEST(Search, OrderEnumHasBothDirections) {
 }
 
 TEST(Search, UpdateActionEnumHasItsThirdWord) {
-    const std::vector<std::string>& words = SchemaScan::instance().type("updateActionEnum").words;
+    const std::vector<std::string>& words = builtSchema().at("updateActionEnum").words;
     EXPECT_EQ(words, (std::vector<std::string>{"fail", "replace", "update"}));
 }
 

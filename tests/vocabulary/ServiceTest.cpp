@@ -1,6 +1,6 @@
 // The configuration of the services, and where their settings stand again.
 
-#include "tests/vocabulary/SchemaScan.h"
+#include "tests/support/SchemaScan.h"
 #include "tests/vocabulary/Types.h"
 
 #include <korva/KORVAAuditLevelEnum.h>
@@ -20,25 +20,21 @@
 
 namespace {
 
+using korva::test::builtSchema;
 using korva::test::childTypeOf;
 using korva::test::make;
-using korva::test::ScannedField;
-using korva::test::SchemaScan;
-
-const SchemaScan& scan() {
-    return SchemaScan::instance();
-}
+using korva::test::SchemaField;
 
 std::map<std::string, std::string> ownFields(const std::string& name) {
     std::map<std::string, std::string> out;
-    for (const ScannedField& field : scan().type(name).fields)
+    for (const SchemaField& field : builtSchema().at(name).fields)
         out.emplace(field.name, field.type);
     return out;
 }
 
 std::vector<std::string> ownNames(const std::string& name) {
     std::vector<std::string> out;
-    for (const ScannedField& field : scan().type(name).fields)
+    for (const SchemaField& field : builtSchema().at(name).fields)
         out.push_back(field.name);
     return out;
 }
@@ -46,7 +42,7 @@ std::vector<std::string> ownNames(const std::string& name) {
 /// The classes that have the two fields which all services have in common.
 std::vector<std::string> services() {
     std::vector<std::string> out;
-    for (const std::string& name : scan().derivedFrom("uiClass")) {
+    for (const std::string& name : builtSchema().derivedFrom("uiClass")) {
         const auto fields = ownFields(name);
         if (name != "dispatcher" && fields.count("advancedSettings") != 0 &&
             fields.count("runningState") != 0)
@@ -70,29 +66,29 @@ TEST(Service, ThereAreForty) {
 }
 
 TEST(Service, IsAnInstalledComponentUnderItsName) {
-    const std::vector<std::string>& words = scan().type("installedComponentEnum").words;
+    const std::vector<std::string>& words = builtSchema().at("installedComponentEnum").words;
     std::vector<std::string> expected = services();
     std::vector<std::string> sorted = words;
     std::sort(expected.begin(), expected.end());
     std::sort(sorted.begin(), sorted.end());
     EXPECT_EQ(sorted, expected);
-    EXPECT_EQ(
-        words.size() + static_cast<std::size_t>(scan().type("installedComponentEnum").openWords),
-        55U);
+    EXPECT_EQ(words.size() +
+                  static_cast<std::size_t>(builtSchema().at("installedComponentEnum").openWords),
+              55U);
 }
 
 TEST(Service, ConfigurationFolderHas201FieldsOfItsOwn) {
-    EXPECT_EQ(scan().type("configurationFolder").fields.size(), 201U);
+    EXPECT_EQ(builtSchema().at("configurationFolder").fields.size(), 201U);
     EXPECT_EQ(make("configurationFolder")->getChildObjectCount(), 201U + 29U);
 }
 
 TEST(Service, DispatcherHas205FieldsOfItsOwn) {
-    EXPECT_EQ(scan().type("dispatcher").fields.size(), 205U);
+    EXPECT_EQ(builtSchema().at("dispatcher").fields.size(), 205U);
     EXPECT_EQ(make("dispatcher")->getChildObjectCount(), 205U + 29U);
 }
 
 TEST(Service, ConfigurationHas236FieldsOfItsOwn) {
-    EXPECT_EQ(scan().type("configuration").fields.size(), 236U);
+    EXPECT_EQ(builtSchema().at("configuration").fields.size(), 236U);
     EXPECT_EQ(make("configuration")->getChildObjectCount(), 236U + 29U);
 }
 

@@ -1,6 +1,6 @@
 // The documents that say what a service is to run: one class for each service and kind.
 
-#include "tests/vocabulary/SchemaScan.h"
+#include "tests/support/SchemaScan.h"
 #include "tests/vocabulary/Types.h"
 
 #include <gtest/gtest.h>
@@ -11,14 +11,14 @@
 
 namespace {
 
+using korva::test::builtSchema;
 using korva::test::childrenOf;
 using korva::test::childTypeOf;
 using korva::test::isAbstract;
 using korva::test::make;
-using korva::test::SchemaScan;
 
 std::vector<std::string> specifications() {
-    std::vector<std::string> out = SchemaScan::instance().derivedFrom("asynchSpecification");
+    std::vector<std::string> out = builtSchema().derivedFrom("asynchSpecification");
     out.erase(std::remove(out.begin(), out.end(), "asynchSpecification"), out.end());
     return out;
 }

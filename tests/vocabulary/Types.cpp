@@ -1,6 +1,6 @@
 #include "tests/vocabulary/Types.h"
 
-#include "tests/vocabulary/SchemaScan.h"
+#include "tests/support/SchemaScan.h"
 #include "tests/vocabulary/Tables.h"
 
 #include <korva/KORVAException.h>
