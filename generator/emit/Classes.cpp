@@ -3,7 +3,6 @@
 #include "generator/emit/Text.h"
 
 #include <algorithm>
-#include <numeric>
 
 namespace korva::schemac::emit {
 
@@ -79,17 +78,9 @@ private:
     files.add("include/korva/" + type.className + ".h", printer.take());
 }
 
-// The positions of the fields, by the CRC of their names.
-std::string positionsByCrc(const std::vector<Field>& fields) {
-    std::vector<std::size_t> positions(fields.size());
-    std::iota(positions.begin(), positions.end(), std::size_t{0});
-    std::sort(positions.begin(), positions.end(), [&](std::size_t left, std::size_t right) {
-        return static_cast<std::uint32_t>(fields[left].identity) <
-               static_cast<std::uint32_t>(fields[right].identity);
-    });
+std::string fieldsByCrc(const std::vector<Field>& fields) {
     std::vector<std::string> items;
-    items.reserve(positions.size());
-    for (const std::size_t position : positions)
+    for (const std::size_t position : positionsByCrc(fields))
         items.push_back(std::to_string(position) + ",");
     return filled(items, 4);
 }
@@ -106,7 +97,7 @@ constexpr std::uint16_t $name$FieldsByCrc[] = {
 };
 } // namespace
 )",
-                  {{"name", type.name}, {"positions", positionsByCrc(type.fields)}});
+                  {{"name", type.name}, {"positions", fieldsByCrc(type.fields)}});
 }
 
 void printDescriptor(Printer& printer, const Type& type) {

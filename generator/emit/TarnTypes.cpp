@@ -2,7 +2,6 @@
 #include "generator/emit/Printer.h"
 #include "generator/emit/Text.h"
 
-#include <algorithm>
 #include <map>
 #include <vector>
 
@@ -39,25 +38,6 @@ std::string_view kindOf(FieldKind kind) {
     return {};
 }
 
-bool isArray(const Field& field) {
-    return field.kind == FieldKind::EmbeddedArray;
-}
-
-/// How many slots and arrays an object has, its bases' included.
-struct Extent {
-    std::size_t slots = 0;
-    std::size_t arrays = 0;
-};
-
-Extent extentOf(const Type* type) {
-    Extent extent;
-    for (; type != nullptr; type = type->baseType()) {
-        for (const Field& field : type->fields)
-            ++(isArray(field) ? extent.arrays : extent.slots);
-    }
-    return extent;
-}
-
 std::string number(std::size_t value) {
     return decimal(static_cast<std::int64_t>(value));
 }
@@ -83,7 +63,6 @@ public:
 
 private:
     void printType(const Type& type) {
-        const Extent extent = extentOf(&type);
         const std::string base =
             type.baseType() != nullptr ? number(m_positions.at(type.baseType())) : "noBase";
         m_types.print(
@@ -95,8 +74,8 @@ private:
              {"first", number(m_fieldCount)},
              {"count", number(type.fields.size())},
              {"inherited", number(type.inheritedFields)},
-             {"slots", number(extent.slots)},
-             {"arrays", number(extent.arrays)},
+             {"slots", number(type.slots)},
+             {"arrays", number(type.arrays)},
              {"base", base},
              {"kind", kindOf(type.kind)},
              {"abstract", type.isAbstract ? "true" : "false"},
@@ -107,22 +86,15 @@ private:
     }
 
     void printFields(const Type& type) {
-        Extent next = extentOf(type.baseType());
-        std::vector<std::size_t> byCrc;
         for (const Field& field : type.fields) {
             m_fields.print("{$crc$, $type$, $place$, FieldKind::$kind$}, // $text$\n",
                            {{"crc", hex(field.identity)},
                             {"type", decimal(field.objectType)},
-                            {"place", number(isArray(field) ? next.arrays++ : next.slots++)},
+                            {"place", number(field.place)},
                             {"kind", kindOf(field.kind)},
                             {"text", type.name + '.' + field.name}});
-            byCrc.push_back(byCrc.size());
         }
-        std::sort(byCrc.begin(), byCrc.end(), [&type](std::size_t left, std::size_t right) {
-            return static_cast<std::uint32_t>(type.fields[left].identity) <
-                   static_cast<std::uint32_t>(type.fields[right].identity);
-        });
-        for (const std::size_t position : byCrc)
+        for (const std::size_t position : positionsByCrc(type.fields))
             m_fieldsByCrc.push_back(number(position) + ",");
         m_fieldCount += type.fields.size();
     }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <numeric>
 
 namespace korva::schemac::emit {
 
@@ -126,6 +127,16 @@ std::string topBitsIndex(const std::vector<std::int32_t>& identities, unsigned b
         items.push_back(std::to_string(before) + ",");
     }
     return filled(items, 4);
+}
+
+std::vector<std::size_t> positionsByCrc(const std::vector<model::Field>& fields) {
+    std::vector<std::size_t> positions(fields.size());
+    std::iota(positions.begin(), positions.end(), std::size_t{0});
+    std::sort(positions.begin(), positions.end(), [&](std::size_t left, std::size_t right) {
+        return static_cast<std::uint32_t>(fields[left].identity) <
+               static_cast<std::uint32_t>(fields[right].identity);
+    });
+    return positions;
 }
 
 std::string internalIncludes(const std::vector<std::string_view>& paths) {

@@ -42,6 +42,9 @@ std::string filled(const std::vector<std::string>& items, std::size_t indent);
 /// first position, and behind them the end.
 std::string topBitsIndex(const std::vector<std::int32_t>& identities, unsigned bits);
 
+/// The positions of the fields, by the CRC of their names as unsigned numbers.
+std::vector<std::size_t> positionsByCrc(const std::vector<model::Field>& fields);
+
 /// `#include "path"` lines, in the order given.
 std::string internalIncludes(const std::vector<std::string_view>& paths);
 

@@ -75,6 +75,10 @@ struct Field {
     std::int32_t identity = 0;    ///< CRC-32 of the name
     std::int32_t objectType = 0;  ///< declared type: a plain type's number or an identity
     bool createsOnGet = false;    ///< an object of a concrete type
+
+    /// Decided by "order", in classes: the position among the slots of an object, or among its
+    /// arrays; inherited fields come first.
+    std::size_t place = 0;
 };
 
 /// One value of an enumeration.
@@ -115,7 +119,9 @@ struct Type {
     std::int32_t identity = 0;
     unsigned depth = 0;  ///< number of base classes above this one
     std::size_t inheritedFields = 0;
-    unsigned unit = 0;                          ///< 1-based, of the family's units
+    std::size_t slots = 0;   ///< fields of an object that are no arrays, inherited ones included
+    std::size_t arrays = 0;  ///< its other fields
+    unsigned unit = 0;       ///< 1-based, of the family's units
     FieldKind elementKind = FieldKind::Object;  ///< arrays only
     std::int32_t elementObjectType = 0;         ///< arrays only
     /// "schedule[]" when this is the array that stands for its element type, else empty.

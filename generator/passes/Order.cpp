@@ -31,6 +31,16 @@ private:
     std::array<std::size_t, Units> m_load{};
 };
 
+// The base, if there is one, has its places already.
+void placeFields(Type& type) {
+    if (const Type* base = type.baseType()) {
+        type.slots = base->slots;
+        type.arrays = base->arrays;
+    }
+    for (Field& field : type.fields)
+        field.place = field.kind == FieldKind::EmbeddedArray ? type.arrays++ : type.slots++;
+}
+
 void orderTypes(Schema& schema) {
     std::vector<Type*> all;
     for (const auto& [name, type] : schema.typesByName)
@@ -44,6 +54,8 @@ void orderTypes(Schema& schema) {
     std::stable_sort(all.begin(), all.end(), [](const Type* left, const Type* right) {
         return left->depth < right->depth;
     });
+    for (Type* type : all)
+        placeFields(*type);
     Spread<kClassUnits> classes;
     Spread<kPropertyUnits> properties;
     Spread<kArrayUnits> arrays;

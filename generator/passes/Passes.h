@@ -34,7 +34,7 @@ void decideIdentities(model::Schema& schema, Diagnostics& diagnostics);
 /// Joins port types with their bindings and messages.
 void joinOperations(model::Schema& schema, Diagnostics& diagnostics);
 
-/// The order in which each family is written, and the unit of each item.
+/// The order in which each family is written, the unit of each item, and the place of each field.
 void decideOrder(model::Schema& schema);
 
 /// The CRC-32 of a name as the signed number that identifies it.

@@ -130,6 +130,17 @@ TEST_F(Decisions, PutBasesBeforeDerivedClasses) {
     EXPECT_EQ(vocabulary.type("account").inheritedFields, 2U);
 }
 
+TEST_F(Decisions, PlaceFieldsBehindInheritedOnes) {
+    const Type& account = vocabulary.type("account");
+    EXPECT_EQ(account.slots, 14U);
+    EXPECT_EQ(account.arrays, 2U);
+    EXPECT_EQ(account.fields[0].place, 2U);
+    EXPECT_EQ(account.fields[5].name, "friends");
+    EXPECT_EQ(account.fields[5].place, 0U);
+    EXPECT_EQ(account.fields[6].place, 7U);
+    EXPECT_EQ(vocabulary.type("folder").slots, 2U);
+}
+
 TEST_F(Decisions, SortNamesByTheirBytes) {
     const Names names = namesOf(vocabulary.schema.byName);
     EXPECT_TRUE(std::is_sorted(names.begin(), names.end()));
