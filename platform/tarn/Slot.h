@@ -5,7 +5,7 @@
 
 namespace tarn {
 
-/// A pointer, or a value that may be missing. All zero is null and no value.
+/// A pointer, or a value that may be missing. All bytes zero is null and no value, whichever it is.
 union Slot {
     struct Value {
         union {
@@ -16,7 +16,7 @@ union Slot {
         bool isPresent;
     };
 
-    void* pointer = nullptr;
+    void* pointer;
     Value value;
 };
 

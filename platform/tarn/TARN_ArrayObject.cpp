@@ -35,7 +35,7 @@ std::size_t TARN_ArrayObject::setChildObject(const char* name, void* value, Obje
     if (*name == '\0') return 0;
     ZEL_ASSERT(value != NULL);
     const auto declared = static_cast<ObjectType>(m_type.elementType);
-    Slot element;
+    Slot element{};
     bool fits = false;
     if (Factory::isGeneratedType(declared)) {
         fits =

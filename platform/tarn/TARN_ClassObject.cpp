@@ -11,6 +11,7 @@
 #include <zel/ZELAssert.h>
 #include <zel/ZELFrame.h>
 
+#include <cstring>
 #include <memory>
 #include <new>
 
@@ -50,8 +51,7 @@ TARNSchemaTypeI* TARN_ClassObject::create(const TypeRow& type) {
 }
 
 TARN_ClassObject::TARN_ClassObject(const TypeRow& type) : m_type(type) {
-    auto* const slots = reinterpret_cast<Slot*>(this + 1);
-    std::uninitialized_value_construct_n(slots, type.slotCount);
+    std::memset(static_cast<void*>(this + 1), 0, type.slotCount * sizeof(Slot));
     if (type.arrayCount == 0) return;
     for (const TypeRow* level = &type; level != nullptr; level = tarn::baseOf(*level)) {
         const FieldRow* const fields = tarn::fieldsOf(*level);
