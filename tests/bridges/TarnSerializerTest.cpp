@@ -27,7 +27,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstring>
+#include <functional>
 #include <string>
+#include <thread>
 
 namespace {
 
@@ -342,6 +345,27 @@ TEST_F(TarnSerializer, EachPartCanBeUsedByItself) {
     TARNSchemaTypeI& prop = tarn.make("base64BinaryProp");
     serializer.copyBase64Type(prop, "value", &bytes, registry);
     EXPECT_EQ(static_cast<TARNBase64Binary*>(prop.getChildObject("value", false))->pcount(), 3u);
+}
+
+TEST_F(TarnSerializer, OneServesSeveralThreads) {
+    Serializer serializer;
+    const auto serializeMany = [&serializer](const char* name, int& right) {
+        KORVAPermission permission;
+        permission.setName(name);
+        KORVAPermissionArray source;
+        source.push_back(&permission);
+        for (int i = 0; i < 200; ++i) {
+            const TarnRegistry registry = makeTarnRegistry();
+            TARNSchemaTypeI& copy = *serializer.serialize(&source, *registry);
+            right += std::strcmp(textOf(*childOf(copy, elementName(1)), "name"), name) == 0;
+        }
+    };
+    int right[2] = {};
+    std::thread other(serializeMany, "a", std::ref(right[0]));
+    serializeMany("b", right[1]);
+    other.join();
+    EXPECT_EQ(right[0], 200);
+    EXPECT_EQ(right[1], 200);
 }
 
 TEST_F(TarnSerializer, TheFactoryMakesOne) {
