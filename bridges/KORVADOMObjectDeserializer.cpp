@@ -139,7 +139,7 @@ KORVASchemaTypeI* KORVADOMObjectDeserializer::deserialize(const ZELIDOM_Element&
         m_registry = own;
         return object;
     }
-    ZEL_CATCH("KORVADOMObjectDeserializer::deserialize()")
+    ZEL_CATCH("KORVADOMObjectDeserializer::deserialize()");
 }
 
 void KORVADOMObjectDeserializer::replay(const ZELIDOM_Node& nodeIn,

@@ -12,7 +12,7 @@ KORVADOMObjectDeserializerI* KORVADOMObjectDeserializerFactory::create() {
     ZEL_TRY {
         return new KORVADOMObjectDeserializer;
     }
-    ZEL_CATCH("KORVADOMObjectDeserializerFactory::create()")
+    ZEL_CATCH("KORVADOMObjectDeserializerFactory::create()");
 }
 
 void KORVADOMObjectDeserializerFactory::destroy(KORVADOMObjectDeserializerI* deserializer) {

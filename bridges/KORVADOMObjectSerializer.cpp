@@ -112,5 +112,5 @@ ZELIDOM_Element KORVADOMObjectSerializer::serializeObj(const void* object, Objec
         korva::ObjectEvents<korva::WideSink>(sink, false).write(object, type, name, true);
         return receiver.root();
     }
-    ZEL_CATCH("KORVADOMObjectSerializer::serialize()")
+    ZEL_CATCH("KORVADOMObjectSerializer::serialize()");
 }

@@ -12,7 +12,7 @@ KORVADOMObjectSerializerI* KORVADOMObjectSerializerFactory::create() {
     ZEL_TRY {
         return new KORVADOMObjectSerializer;
     }
-    ZEL_CATCH("KORVADOMObjectSerializerFactory::create()")
+    ZEL_CATCH("KORVADOMObjectSerializerFactory::create()");
 }
 
 void KORVADOMObjectSerializerFactory::destroy(KORVADOMObjectSerializerI* serializer) {

@@ -68,5 +68,5 @@ void KORVASAXObjectSerializer::serialize(const void* object, ObjectType type, co
         receiver.endRoot();
         return;
     }
-    ZEL_CATCH("KORVASAXObjectSerializer::serialize()")
+    ZEL_CATCH("KORVASAXObjectSerializer::serialize()");
 }

@@ -12,7 +12,7 @@ KORVASAXObjectSerializerI* KORVASAXObjectSerializerFactory::create() {
     ZEL_TRY {
         return new KORVASAXObjectSerializer;
     }
-    ZEL_CATCH("KORVASAXObjectSerializerFactory::create()")
+    ZEL_CATCH("KORVASAXObjectSerializerFactory::create()");
 }
 
 void KORVASAXObjectSerializerFactory::destroy(KORVASAXObjectSerializerI* serializer) {

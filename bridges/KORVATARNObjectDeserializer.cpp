@@ -111,7 +111,7 @@ KORVASchemaTypeI* KORVATARNObjectDeserializer::getChildObject(
     ZEL_TRY {
         return korva::KorvaModel::childArray(target, name, registry);
     }
-    ZEL_CATCH("KORVATARNObjectDeserializer::getChildObject()")
+    ZEL_CATCH("KORVATARNObjectDeserializer::getChildObject()");
 }
 
 void KORVATARNObjectDeserializer::copyUndocumentedFaultDetail(

@@ -12,7 +12,7 @@ KORVATARNObjectDeserializerI* KORVATARNObjectDeserializerFactory::create() {
     ZEL_TRY {
         return new KORVATARNObjectDeserializer;
     }
-    ZEL_CATCH("KORVATARNObjectDeserializerFactory::create()")
+    ZEL_CATCH("KORVATARNObjectDeserializerFactory::create()");
 }
 
 void KORVATARNObjectDeserializerFactory::destroy(KORVATARNObjectDeserializerI* deserializer) {

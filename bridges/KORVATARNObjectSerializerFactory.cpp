@@ -12,7 +12,7 @@ KORVATARNObjectSerializerI* KORVATARNObjectSerializerFactory::create() {
     ZEL_TRY {
         return new KORVATARNObjectSerializer;
     }
-    ZEL_CATCH("KORVATARNObjectSerializerFactory::create()")
+    ZEL_CATCH("KORVATARNObjectSerializerFactory::create()");
 }
 
 void KORVATARNObjectSerializerFactory::destroy(KORVATARNObjectSerializerI* serializer) {

@@ -268,7 +268,7 @@ auto convert(Registry& registry, const char* function, Action action) {
             return result;
         }
     }
-    ZEL_CATCH(function)
+    ZEL_CATCH(function);
 }
 
 }  // namespace korva

@@ -11,7 +11,7 @@ void* Record::operator new(std::size_t size) {
     ZEL_TRY {
         return ::operator new(size);
     }
-    ZEL_CATCH(nullptr)
+    ZEL_CATCH(nullptr);
 }
 
 void Record::operator delete(void* p) noexcept {

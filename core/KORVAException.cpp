@@ -26,7 +26,7 @@ KORVAException* KORVAException::clone() const {
     ZEL_TRY {
         return new KORVAException(*this);
     }
-    ZEL_CATCH("KORVAException::clone()")
+    ZEL_CATCH("KORVAException::clone()");
 }
 
 const char* KORVAException::getThrowableName() const noexcept {

@@ -20,9 +20,11 @@ constexpr std::size_t initialCapacity = 100;
 
 KORVAObjectRegistryI::~KORVAObjectRegistryI() = default;
 
-KORVAObjectRegistry* KORVAObjectRegistry::create(){ZEL_TRY{return new KORVAObjectRegistry;
-}
-ZEL_CATCH("KORVAObjectRegistry::create()")
+KORVAObjectRegistry* KORVAObjectRegistry::create() {
+    ZEL_TRY {
+        return new KORVAObjectRegistry;
+    }
+    ZEL_CATCH("KORVAObjectRegistry::create()");
 }
 
 KORVAObjectRegistry::KORVAObjectRegistry() {

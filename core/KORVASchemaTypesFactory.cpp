@@ -86,7 +86,7 @@ KORVASchemaTypeI::ObjectType KORVASchemaTypesFactory::busArrayTypeToObjectType(
         key += "[]";
         return search(typeTables.arrayNames, typeTables.arrayNameCount, key);
     }
-    ZEL_CATCH(nullptr)
+    ZEL_CATCH(nullptr);
 }
 
 KORVASchemaTypeI::ObjectType KORVASchemaTypesFactory::xsiTypeToObjectType(
@@ -120,7 +120,7 @@ void KORVASchemaTypesFactory::objectTypeToArrayType(ObjectType type,
         }
         out += ']';
     }
-    ZEL_CATCH(nullptr)
+    ZEL_CATCH(nullptr);
 }
 
 const char* KORVASchemaTypesFactory::objectTypeToArrayType(ObjectType type) {
@@ -136,7 +136,7 @@ KORVASchemaTypeI* KORVASchemaTypesFactory::create(ObjectType type) const {
     ZEL_TRY {
         return row->create();
     }
-    ZEL_CATCH("KORVASchemaTypesFactory::create()")
+    ZEL_CATCH("KORVASchemaTypesFactory::create()");
 }
 
 KORVASchemaTypeI& KORVASchemaTypesFactory::createCopy(const KORVASchemaTypeI& object,
@@ -150,5 +150,5 @@ KORVASchemaTypeI& KORVASchemaTypesFactory::createCopy(const KORVASchemaTypeI& ob
         registry.registerPointer(copy.get());
         return *copy.release();
     }
-    ZEL_CATCH("KORVASchemaTypesFactory::createCopy()")
+    ZEL_CATCH("KORVASchemaTypesFactory::createCopy()");
 }

@@ -15,7 +15,7 @@ void KORVAUnknownSchemaType::setName(const std::string& name) {
     ZEL_TRY {
         copy = name;
     }
-    ZEL_CATCH(nullptr)
+    ZEL_CATCH(nullptr);
     m_name.swap(copy);
 }
 

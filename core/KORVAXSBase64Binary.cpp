@@ -22,7 +22,7 @@ KORVAXSBase64Binary::KORVAXSBase64Binary(const char* data, std::size_t length)
         std::memcpy(m_buffer, data, length);
         m_length = m_capacity = length;
     }
-    ZEL_CATCH("KORVAXSBase64Binary::KORVAXSBase64Binary")
+    ZEL_CATCH("KORVAXSBase64Binary::KORVAXSBase64Binary");
 }
 
 KORVAXSBase64Binary::~KORVAXSBase64Binary() {
@@ -60,7 +60,7 @@ void KORVAXSBase64Binary::append(const char* data, std::size_t length) {
         std::memcpy(m_buffer + m_length, data, length);
         m_length += length;
     }
-    ZEL_CATCH("KORVAXSBase64Binary::append")
+    ZEL_CATCH("KORVAXSBase64Binary::append");
 }
 
 void KORVAXSBase64Binary::reference(const char* data, std::size_t length) {
@@ -106,5 +106,5 @@ void KORVAXSBase64Binary::serialize(BRIMOutputStream& out) const {
             encoder.close();
         }
     }
-    ZEL_CATCH("KORVAXSBase64Binary::serialize")
+    ZEL_CATCH("KORVAXSBase64Binary::serialize");
 }

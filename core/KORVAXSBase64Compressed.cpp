@@ -29,5 +29,5 @@ void KORVAXSBase64Compressed::serialize(BRIMOutputStream& out) const {
         }
         encoder.close();
     }
-    ZEL_CATCH("KORVAXSBase64Compressed::serialize")
+    ZEL_CATCH("KORVAXSBase64Compressed::serialize");
 }

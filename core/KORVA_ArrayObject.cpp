@@ -71,7 +71,7 @@ std::size_t KORVA_ArrayObject::setChildObject(const char* name, void* obj, const
         setSlot(*idx - 1, element);
         return *idx;
     }
-    ZEL_CATCH(nullptr)
+    ZEL_CATCH(nullptr);
 }
 
 void KORVA_ArrayObject::getChildObjectNames(std::vector<const char*>& names, bool) const {
@@ -81,7 +81,7 @@ void KORVA_ArrayObject::getChildObjectNames(std::vector<const char*>& names, boo
         for (std::size_t n = 1; n <= count; ++n)
             names.push_back(KORVAChildIndex::toName(n));
     }
-    ZEL_CATCH(nullptr)
+    ZEL_CATCH(nullptr);
 }
 
 bool KORVA_ArrayObject::isa(ObjectType type) const {
@@ -98,7 +98,7 @@ bool KORVA_ArrayObject::operator==(const KORVASchemaTypeI& other) const {
     ZEL_TRY {
         return korva::equalElements(*this, static_cast<const KORVA_ArrayObject&>(other));
     }
-    ZEL_CATCH(nullptr)
+    ZEL_CATCH(nullptr);
 }
 
 bool KORVA_ArrayObject::operator!=(const KORVASchemaTypeI& other) const {
@@ -106,10 +106,11 @@ bool KORVA_ArrayObject::operator!=(const KORVASchemaTypeI& other) const {
 }
 
 void KORVA_ArrayObject::copyElements(const KORVA_ArrayObject& other,
-                                     KORVAObjectRegistryI& registry){
-    ZEL_TRY{korva::copyArray(other, *this, registry);
-}
-ZEL_CATCH(nullptr)
+                                     KORVAObjectRegistryI& registry) {
+    ZEL_TRY {
+        korva::copyArray(other, *this, registry);
+    }
+    ZEL_CATCH(nullptr);
 }
 
 KORVA_TextArray::~KORVA_TextArray() = default;

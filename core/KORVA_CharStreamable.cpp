@@ -91,7 +91,7 @@ BRIMOutputStream& KORVA_CharStreamable::operator>>(BRIMOutputStream& out) const 
         }
         return out;
     }
-    ZEL_CATCH("KORVA_CharStreamable::operator>>")
+    ZEL_CATCH("KORVA_CharStreamable::operator>>");
 }
 
 bool KORVA_CharStreamable::sharesPiecesWith(const KORVA_CharStreamable& other) const {

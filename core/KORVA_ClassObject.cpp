@@ -24,7 +24,7 @@ namespace {
         text += level.className;
         text += "::setChildObject()' method.\");";
     }
-    ZEL_CATCH(nullptr)
+    ZEL_CATCH(nullptr);
     zel::assertionFailed(text.c_str(), ZEL_LOCATION);
 }
 
@@ -100,7 +100,7 @@ void KORVA_ClassObject::getChildObjectNames(std::vector<const char*>& names, boo
         if (reserve) names.reserve(getChildObjectCount());
         appendNames(descriptor(), names);
     }
-    ZEL_CATCH(nullptr)
+    ZEL_CATCH(nullptr);
 }
 
 bool KORVA_ClassObject::isa(ObjectType type) const {
@@ -121,7 +121,7 @@ bool KORVA_ClassObject::operator==(const KORVASchemaTypeI& other) const {
     ZEL_TRY {
         return korva::equalFields(own, *this, other);
     }
-    ZEL_CATCH(nullptr)
+    ZEL_CATCH(nullptr);
 }
 
 bool KORVA_ClassObject::operator!=(const KORVASchemaTypeI& other) const {

@@ -42,7 +42,7 @@ std::string openValues(const EnumDescriptor& descriptor) {
             exception << open;
         }
     }
-    ZEL_CATCH("_stringToEnum()")
+    ZEL_CATCH("_stringToEnum()");
     exception.hurl(ZEL_LOCATION, "_stringToEnum()", "ZEL_THROW");
 }
 
@@ -77,7 +77,7 @@ void* KORVA_EnumObject::getChildObject(const char*, bool) {
             text += descriptor().className;
             text += "::eKOVRAUninitialized, \"Enum not initialized.\");";
         }
-        ZEL_CATCH(nullptr)
+        ZEL_CATCH(nullptr);
         zel::assertionFailed(text.c_str(), ZEL_LOCATION);
     }
     return const_cast<char*>(korva::enumToString(m_value, descriptor()));
@@ -101,7 +101,7 @@ void KORVA_EnumObject::getChildObjectNames(std::vector<const char*>& names, bool
     ZEL_TRY {
         names.push_back("");
     }
-    ZEL_CATCH(nullptr)
+    ZEL_CATCH(nullptr);
 }
 
 bool KORVA_EnumObject::isa(ObjectType type) const {

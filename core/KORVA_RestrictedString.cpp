@@ -8,10 +8,11 @@
 #include <zel/ZELFrame.h>
 
 KORVA_RestrictedString::KORVA_RestrictedString(const KORVA_RestrictedString& other,
-                                               KORVAObjectRegistryI& registry){
-    ZEL_TRY{m_value = korva::copyText(other.m_value, korva::TextCopy::Array, registry);
-}
-ZEL_CATCH(nullptr)
+                                               KORVAObjectRegistryI& registry) {
+    ZEL_TRY {
+        m_value = korva::copyText(other.m_value, korva::TextCopy::Array, registry);
+    }
+    ZEL_CATCH(nullptr);
 }
 
 KORVA_RestrictedString::~KORVA_RestrictedString() = default;
@@ -42,7 +43,7 @@ void KORVA_RestrictedString::getChildObjectNames(std::vector<const char*>& names
     ZEL_TRY {
         names.push_back("");
     }
-    ZEL_CATCH(nullptr)
+    ZEL_CATCH(nullptr);
 }
 
 bool KORVA_RestrictedString::isa(ObjectType type) const {

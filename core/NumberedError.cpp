@@ -18,7 +18,7 @@ void raise(std::uint32_t messageId, std::initializer_list<const char*> parameter
             message << ZELMessageParm(I18NString(parameter != nullptr ? parameter : ""));
         exception << message;
     }
-    ZEL_CATCH(function)
+    ZEL_CATCH(function);
     exception.hurl(location, function, "ZEL_THROW");
 }
 

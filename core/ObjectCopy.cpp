@@ -156,7 +156,7 @@ void copyFields(const ClassDescriptor& descriptor, const KORVASchemaTypeI& sourc
                        *ClassDescriptor::recordOf(target));
         job.run();
     }
-    ZEL_CATCH(nullptr)
+    ZEL_CATCH(nullptr);
 }
 
 void copyArray(const KORVA_ArrayObject& source, KORVA_ArrayObject& target,

@@ -14,7 +14,7 @@ KORVASchemaTypeI* createRegistered(TypeDescriptor::Create create, KORVAObjectReg
         registry.registerPointer(object.get());
         return object.release();
     }
-    ZEL_CATCH(nullptr)
+    ZEL_CATCH(nullptr);
 }
 
 void assertCopySource(const KORVASchemaTypeI& object, ObjectType identity) {

@@ -8,7 +8,7 @@ const std::string& makeObjectName(const char* name) {
     ZEL_TRY {
         return *new std::string(name);
     }
-    ZEL_CATCH("getGeneratedObjectName")
+    ZEL_CATCH("getGeneratedObjectName");
 }
 
 }  // namespace korva

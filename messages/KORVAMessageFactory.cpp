@@ -37,7 +37,7 @@ KORVAMessageI* KORVAMessageFactory::create(const KORVAMessageI::MessageType& msg
     ZEL_TRY {
         return row->create();
     }
-    ZEL_CATCH("KORVAMessageFactory::create()")
+    ZEL_CATCH("KORVAMessageFactory::create()");
 }
 
 const KORVAMessageFactory::KORVAParamDescriptor* KORVAMessageFactory::getParameterTypes(

@@ -2,11 +2,13 @@
 #include <zel/ZELAssert.h>
 #include <zel/ZELFrame.h>
 
-KORVAMessageParam::KORVAMessageParam(const char* name, ObjectType type, void* value) ZEL_TRY
-    : m_name(name != nullptr ? name : ""),
-      m_paramType(type),
-      m_paramValue(value) {}
-ZEL_CATCH("KORVAMessageParam::KORVAMessageParam()")
+KORVAMessageParam::KORVAMessageParam(const char* name, ObjectType type, void* value)
+    : m_paramType(type), m_paramValue(value) {
+    ZEL_TRY {
+        if (name != nullptr) m_name = name;
+    }
+    ZEL_CATCH("KORVAMessageParam::KORVAMessageParam()");
+}
 
 KORVAMessageParam::KORVAMessageParam(const char* name, ObjectType type, KORVASchemaTypeI* value)
     : KORVAMessageParam(name, type, static_cast<void*>(value)) {}

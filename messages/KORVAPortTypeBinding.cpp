@@ -16,27 +16,29 @@ void assertTexts(const char* m_pOperationName, const char* m_pOperationNamespace
 
 KORVAPortTypeBinding* KORVAPortTypeBinding::create(
     const char* pOperationName, const char* pOperationNamespace, const char* pSOAPAction,
-    const KORVAPortTypeI& portType, KORVAMessageI& inputMessage, KORVAMessageI& outputMessage){
-    ZEL_TRY{assertTexts(pOperationName, pOperationNamespace, pSOAPAction);
-return new KORVAPortTypeBinding(pOperationName, pOperationNamespace, pSOAPAction, portType,
-                                inputMessage, outputMessage, false);
-}
-ZEL_CATCH(nullptr)
+    const KORVAPortTypeI& portType, KORVAMessageI& inputMessage, KORVAMessageI& outputMessage) {
+    ZEL_TRY {
+        assertTexts(pOperationName, pOperationNamespace, pSOAPAction);
+        return new KORVAPortTypeBinding(pOperationName, pOperationNamespace, pSOAPAction, portType,
+                                        inputMessage, outputMessage, false);
+    }
+    ZEL_CATCH(nullptr);
 }
 
 KORVAPortTypeBinding* KORVAPortTypeBinding::create(
     const char* pOperationName, const char* pOperationNamespace, const char* pSOAPAction,
-    const KORVAPortTypeI& portType, KORVAMessageI* inputMessage, KORVAMessageI* outputMessage){
-    ZEL_TRY{assertTexts(pOperationName, pOperationNamespace, pSOAPAction);
-// Before there are references to them, for those are never null.
-if (inputMessage == nullptr)
-    zel::literalAssertionFailed("ZEL_ASSERT(&m_inputMessage);", ZEL_LOCATION);
-if (outputMessage == nullptr)
-    zel::literalAssertionFailed("ZEL_ASSERT(&m_outputMessage);", ZEL_LOCATION);
-return new KORVAPortTypeBinding(pOperationName, pOperationNamespace, pSOAPAction, portType,
-                                *inputMessage, *outputMessage, true);
-}
-ZEL_CATCH(nullptr)
+    const KORVAPortTypeI& portType, KORVAMessageI* inputMessage, KORVAMessageI* outputMessage) {
+    ZEL_TRY {
+        assertTexts(pOperationName, pOperationNamespace, pSOAPAction);
+        // Before there are references to them, for those are never null.
+        if (inputMessage == nullptr)
+            zel::literalAssertionFailed("ZEL_ASSERT(&m_inputMessage);", ZEL_LOCATION);
+        if (outputMessage == nullptr)
+            zel::literalAssertionFailed("ZEL_ASSERT(&m_outputMessage);", ZEL_LOCATION);
+        return new KORVAPortTypeBinding(pOperationName, pOperationNamespace, pSOAPAction, portType,
+                                        *inputMessage, *outputMessage, true);
+    }
+    ZEL_CATCH(nullptr);
 }
 
 KORVAPortTypeBinding::KORVAPortTypeBinding(const char* pOperationName,

@@ -62,7 +62,7 @@ void KORVA_MessageObject::getChildObjectNames(std::vector<const char*>& names) c
         for (const FieldDescriptor& parameter : message)
             names.push_back(tarnsymbols1::getChar(parameter.crc));
     }
-    ZEL_CATCH(nullptr)
+    ZEL_CATCH(nullptr);
 }
 
 void* KORVA_MessageObject::getChildObject(const char* name, bool forWrite) {

@@ -70,7 +70,7 @@ KORVAPortTypeBinding* KORVA_PortType::createPortTypeBinding(const char* pOperati
                                          param->getParamType());
         return bind(pOperationName, row->metadata, inputMessage.get());
     }
-    ZEL_CATCH(nullptr)
+    ZEL_CATCH(nullptr);
 }
 
 KORVAPortTypeBinding* KORVA_PortType::createPortTypeBinding(
@@ -81,7 +81,7 @@ KORVAPortTypeBinding* KORVA_PortType::createPortTypeBinding(
             KORVAMessageFactory::getInstance().create(messageType));
         return bind(row.operation, row.metadata, inputMessage.get());
     }
-    ZEL_CATCH(nullptr)
+    ZEL_CATCH(nullptr);
 }
 
 KORVAPortTypeBinding* KORVA_PortType::createPortTypeBinding(KORVAMessageI& inputMessage,
@@ -96,7 +96,7 @@ KORVAPortTypeBinding* KORVA_PortType::createPortTypeBinding(KORVAMessageI& input
                                             row.metadata.soapAction, *this, inputMessage,
                                             outputMessage);
     }
-    ZEL_CATCH(nullptr)
+    ZEL_CATCH(nullptr);
 }
 
 KORVAPortTypeBinding* KORVA_PortType::createPortTypeBinding(KORVAMessageI* pInputMessage) const {
@@ -107,7 +107,7 @@ KORVAPortTypeBinding* KORVA_PortType::createPortTypeBinding(KORVAMessageI* pInpu
         const ZELSmartPointer<KORVAMessageI> inputMessage(pInputMessage);
         return bind(row.operation, row.metadata, inputMessage.get());
     }
-    ZEL_CATCH(nullptr)
+    ZEL_CATCH(nullptr);
 }
 
 /// Makes the output message too.
@@ -153,7 +153,7 @@ void KORVA_PortType::refuseOperation(const char* name) const {
         function = m_descriptor.className;
         function += "::createPortTypeBinding";
     }
-    ZEL_CATCH(nullptr)
+    ZEL_CATCH(nullptr);
     KORVA_RAISE(0xEA4112C6U, function.c_str(), name, getName());
 }
 
@@ -195,5 +195,5 @@ bool KORVA_PortType::isSameParameter(const ParamDescriptor& descriptor,
             KORVASchemaTypesFactory::getInstance().create(type));
         return object->isa(descriptor.type);
     }
-    ZEL_CATCH(nullptr)
+    ZEL_CATCH(nullptr);
 }

@@ -29,7 +29,7 @@ public:
             }
             return *instance;
         }
-        ZEL_CATCH(nullptr)
+        ZEL_CATCH(nullptr);
     }
 
 private:

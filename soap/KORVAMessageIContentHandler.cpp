@@ -38,7 +38,7 @@ KORVAMessageIContentHandler::KORVAMessageIContentHandler(I18NConverter& converte
         m_inScopePrefixMappings.reset(new KORVANamespaceMapping);
         m_context.reset(new ReadingContext);
     }
-    ZEL_CATCH("KORVAMessageIContentHandler::KORVAMessageIContentHandler")
+    ZEL_CATCH("KORVAMessageIContentHandler::KORVAMessageIContentHandler");
 }
 
 KORVAMessageIContentHandler::KORVAMessageIContentHandler(

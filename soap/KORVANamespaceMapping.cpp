@@ -21,7 +21,7 @@ void KORVANamespaceMapping::add(char*& prefix, char*& uri) {
         ++m_revision;
         return;
     }
-    ZEL_CATCH("KORVANamespaceMapping::add")
+    ZEL_CATCH("KORVANamespaceMapping::add");
 }
 
 const KORVANamespaceMapping::Declaration* KORVANamespaceMapping::find(const char* prefix) const {

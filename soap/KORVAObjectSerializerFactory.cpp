@@ -12,7 +12,7 @@ KORVAObjectSerializerI* KORVAObjectSerializerFactory::create() {
     ZEL_TRY {
         return new KORVASOAPSerializer;
     }
-    ZEL_CATCH("KORVAObjectSerializerFactory::create()")
+    ZEL_CATCH("KORVAObjectSerializerFactory::create()");
 }
 
 void KORVAObjectSerializerFactory::destroy(KORVAObjectSerializerI* serializer) {

@@ -146,14 +146,15 @@ KORVAFaultDetail& convert(const KORVAUndocumentedFaultDetail& source,
 }  // namespace
 
 void KORVASOAPFault_PrivateData::copy(const KORVASOAPFault_PrivateData& source,
-                                      KORVAObjectRegistryI& registry){
-    ZEL_TRY{faultActor = korva::copyText(source.faultActor, korva::TextCopy::Array, registry);
-faultCode = korva::copyText(source.faultCode, korva::TextCopy::Array, registry);
-faultString = korva::copyText(source.faultString, korva::TextCopy::Array, registry);
-detail = copyObject(source.detail, registry);
-undocumentedDetail = copyObject(source.undocumentedDetail, registry);
-}
-ZEL_CATCH(nullptr)
+                                      KORVAObjectRegistryI& registry) {
+    ZEL_TRY {
+        faultActor = korva::copyText(source.faultActor, korva::TextCopy::Array, registry);
+        faultCode = korva::copyText(source.faultCode, korva::TextCopy::Array, registry);
+        faultString = korva::copyText(source.faultString, korva::TextCopy::Array, registry);
+        detail = copyObject(source.detail, registry);
+        undocumentedDetail = copyObject(source.undocumentedDetail, registry);
+    }
+    ZEL_CATCH(nullptr);
 }
 
 KORVASOAPFault::KORVASOAPFault() : m_pPrivateData(new KORVASOAPFault_PrivateData) {}
@@ -221,7 +222,7 @@ void KORVASOAPFault::convertFaultDetail(KORVAObjectRegistryI& registry) {
         }
         data.detail = nullptr;
     }
-    ZEL_CATCH("KORVASOAPFault::convertFaultDetail")
+    ZEL_CATCH("KORVASOAPFault::convertFaultDetail");
 }
 
 void KORVASOAPFault::convertUndocumentedFaultDetail(KORVAObjectRegistryI& registry) {
@@ -236,16 +237,18 @@ void KORVASOAPFault::convertUndocumentedFaultDetail(KORVAObjectRegistryI& regist
         }
         data.undocumentedDetail = nullptr;
     }
-    ZEL_CATCH("KORVASOAPFault::convertUndocumentedFaultDetail")
+    ZEL_CATCH("KORVASOAPFault::convertUndocumentedFaultDetail");
 }
 
-void KORVASOAPFault::getMessages(std::string& text) const {ZEL_TRY{text.clear();
-if (m_pPrivateData->detail != nullptr)
-    appendFirst(text, *m_pPrivateData->detail);
-else if (m_pPrivateData->undocumentedDetail != nullptr)
-    appendFirst(text, *m_pPrivateData->undocumentedDetail);
-}
-ZEL_CATCH("KORVASOAPFault::getMessages")
+void KORVASOAPFault::getMessages(std::string& text) const {
+    ZEL_TRY {
+        text.clear();
+        if (m_pPrivateData->detail != nullptr)
+            appendFirst(text, *m_pPrivateData->detail);
+        else if (m_pPrivateData->undocumentedDetail != nullptr)
+            appendFirst(text, *m_pPrivateData->undocumentedDetail);
+    }
+    ZEL_CATCH("KORVASOAPFault::getMessages");
 }
 
 // ----- the reflective interface -----
@@ -313,7 +316,7 @@ void KORVASOAPFault::getChildObjectNames(std::vector<const char*>& names, bool r
         for (const KORVAI18NRes::Number name : childNames)
             names.push_back(KORVAI18NRes::getChar(name));
     }
-    ZEL_CATCH(nullptr)
+    ZEL_CATCH(nullptr);
 }
 
 bool KORVASOAPFault::isa(ObjectType type) const {

@@ -55,7 +55,7 @@ KORVASOAPFaultException* KORVASOAPFaultException::clone() const {
     ZEL_TRY {
         return new KORVASOAPFaultException(*this);
     }
-    ZEL_CATCH("KORVASOAPFaultException::clone()")
+    ZEL_CATCH("KORVASOAPFaultException::clone()");
 }
 
 void KORVASOAPFaultException::hurl(ZELFileLocation location, const char* function,

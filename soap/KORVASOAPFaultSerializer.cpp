@@ -169,5 +169,5 @@ void KORVASOAPFaultSerializer::serialize(const KORVAHalyardHeader* header,
         frame.line(1, "</SOAP-ENV:Body>");
         frame.line(0, "</SOAP-ENV:Envelope>");
     }
-    ZEL_CATCH("KORVASOAPFaultSerializer::serialize()")
+    ZEL_CATCH("KORVASOAPFaultSerializer::serialize()");
 }

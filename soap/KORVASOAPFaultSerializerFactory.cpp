@@ -12,7 +12,7 @@ KORVASOAPFaultSerializerI* KORVASOAPFaultSerializerFactory::create() {
     ZEL_TRY {
         return new KORVASOAPFaultSerializer;
     }
-    ZEL_CATCH("KORVASOAPFaultSerializerFactory::create()")
+    ZEL_CATCH("KORVASOAPFaultSerializerFactory::create()");
 }
 
 void KORVASOAPFaultSerializerFactory::destroy(KORVASOAPFaultSerializerI* serializer) {

@@ -18,7 +18,7 @@ KORVASOAPMessageIDeserializer::KORVASOAPMessageIDeserializer()
     try {
         m_reader.reset(new XmlReader);
     }
-    ZEL_CATCH("KORVASOAPMessageIDeserializer::KORVASOAPMessageIDeserializer")
+    ZEL_CATCH("KORVASOAPMessageIDeserializer::KORVASOAPMessageIDeserializer");
 }
 
 KORVASOAPMessageIDeserializer::~KORVASOAPMessageIDeserializer() = default;

@@ -12,7 +12,7 @@ KORVASOAPMessageIDeserializerI* KORVASOAPMessageIDeserializerFactory::create() {
     ZEL_TRY {
         return new KORVASOAPMessageIDeserializer;
     }
-    ZEL_CATCH("KORVASOAPMessageIDeserializerFactory::create()")
+    ZEL_CATCH("KORVASOAPMessageIDeserializerFactory::create()");
 }
 
 void KORVASOAPMessageIDeserializerFactory::destroy(KORVASOAPMessageIDeserializerI* deserializer) {

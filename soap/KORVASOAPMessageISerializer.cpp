@@ -72,5 +72,5 @@ void KORVASOAPMessageISerializer::serialize(KORVAPortTypeBinding& binding, KORVA
         serializer.serializeEnvelope({&header}, bodyContexts, operation.c_str(),
                                      binding.getOperationNamespace(), stream);
     }
-    ZEL_CATCH("KORVASOAPMessageISerializer::serialize()")
+    ZEL_CATCH("KORVASOAPMessageISerializer::serialize()");
 }

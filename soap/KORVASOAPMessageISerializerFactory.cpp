@@ -12,7 +12,7 @@ KORVASOAPMessageISerializerI* KORVASOAPMessageISerializerFactory::create() {
     ZEL_TRY {
         return new KORVASOAPMessageISerializer;
     }
-    ZEL_CATCH("KORVASOAPMessageISerializerFactory::create()")
+    ZEL_CATCH("KORVASOAPMessageISerializerFactory::create()");
 }
 
 void KORVASOAPMessageISerializerFactory::destroy(KORVASOAPMessageISerializerI* serializer) {

@@ -45,7 +45,7 @@ void KORVASOAPSerializer::serialize(const void* object, ObjectType type, const c
         korva::ObjectWriter writer(stream, m_writeNullElements);
         writer.write(object, type, qName, -1, m_writeNamespaceDeclarations, true);
     }
-    ZEL_CATCH("KORVASOAPSerializer::serialize()")
+    ZEL_CATCH("KORVASOAPSerializer::serialize()");
 }
 
 void KORVASOAPSerializer::setWriteNamespaceDeclarations(bool write) {
@@ -94,5 +94,5 @@ void KORVASOAPSerializer::serializeEnvelope(const Contexts& headerContexts,
         write(stream, korva::wire::bodyEnd);
         write(stream, korva::wire::envelopeEnd);
     }
-    ZEL_CATCH("KORVASOAPSerializer::serializeEnvelope()")
+    ZEL_CATCH("KORVASOAPSerializer::serializeEnvelope()");
 }

@@ -64,7 +64,7 @@ ReadingContext* makeContext() {
     try {
         return new ReadingContext;
     }
-    ZEL_CATCH("KORVASchemaTypeIContentHandler::KORVASchemaTypeIContentHandler")
+    ZEL_CATCH("KORVASchemaTypeIContentHandler::KORVASchemaTypeIContentHandler");
 }
 
 std::string_view view(const ZELByteBuffer& buffer) {

@@ -25,7 +25,7 @@ struct KORVAUndocumentedFaultDetail_PrivateData : korva::Record {
             errorCode = korva::copyText(source.errorCode, korva::TextCopy::Array, registry);
             message.copy(source.message, registry);
         }
-        ZEL_CATCH(nullptr)
+        ZEL_CATCH(nullptr);
     }
 
     const char* severity = nullptr;
@@ -118,7 +118,7 @@ std::size_t KORVAUndocumentedFaultDetail::setChildObject(const char* name, void*
             m_pPrivateData->message.push_back(
                 static_cast<KORVAMessage*>(static_cast<KORVASchemaTypeI*>(obj)));
         }
-        ZEL_CATCH(nullptr)
+        ZEL_CATCH(nullptr);
         return 0;
     }
     const bool isSeverity = child == "severity";

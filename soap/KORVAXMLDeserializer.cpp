@@ -15,7 +15,7 @@ KORVAXMLDeserializer::KORVAXMLDeserializer() {
     try {
         m_reader.reset(new XmlReader);
     }
-    ZEL_CATCH("KORVAXMLDeserializer::KORVAXMLDeserializer")
+    ZEL_CATCH("KORVAXMLDeserializer::KORVAXMLDeserializer");
 }
 
 KORVAXMLDeserializer::~KORVAXMLDeserializer() = default;

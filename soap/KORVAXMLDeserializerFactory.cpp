@@ -12,7 +12,7 @@ KORVAXMLDeserializerI* KORVAXMLDeserializerFactory::create() {
     ZEL_TRY {
         return new KORVAXMLDeserializer;
     }
-    ZEL_CATCH("KORVAXMLDeserializerFactory::create()")
+    ZEL_CATCH("KORVAXMLDeserializerFactory::create()");
 }
 
 void KORVAXMLDeserializerFactory::destroy(KORVAXMLDeserializerI* deserializer) {

@@ -184,10 +184,12 @@ struct KORVA_AttachmentHandler::References {
     std::size_t count = 0;
 };
 
-KORVA_AttachmentHandler::KORVA_AttachmentHandler(){ZEL_TRY{m_references.reset(new References);
-return;
-}
-ZEL_CATCH("KORVA_AttachmentHandler::KORVA_AttachmentHandler")
+KORVA_AttachmentHandler::KORVA_AttachmentHandler() {
+    ZEL_TRY {
+        m_references.reset(new References);
+        return;
+    }
+    ZEL_CATCH("KORVA_AttachmentHandler::KORVA_AttachmentHandler");
 }
 
 KORVA_AttachmentHandler::~KORVA_AttachmentHandler() = default;
@@ -210,7 +212,7 @@ void KORVA_AttachmentHandler::registerHref(const char* contentId, KORVASchemaTyp
         ++m_references->count;
         return;
     }
-    ZEL_CATCH("KORVA_AttachmentHandler::registerHref")
+    ZEL_CATCH("KORVA_AttachmentHandler::registerHref");
 }
 
 bool KORVA_AttachmentHandler::resolveReferences(HALYARDTKMessageReader& reader,
@@ -224,7 +226,7 @@ bool KORVA_AttachmentHandler::resolveReferences(HALYARDTKMessageReader& reader,
                 resolvePart(reader, registry, factory, intake);
         return m_references->count == 0;
     }
-    ZEL_CATCH("KORVA_AttachmentHandler::resolveReferences")
+    ZEL_CATCH("KORVA_AttachmentHandler::resolveReferences");
 }
 
 void KORVA_AttachmentHandler::resolvePart(HALYARDTKMessageReader& reader,
@@ -274,7 +276,7 @@ void KORVA_AttachmentHandler::resolveAttachment(const char* id,
         m_references->count -= done;
         return;
     }
-    ZEL_CATCH("KORVA_AttachmentHandler::resolveAttachment")
+    ZEL_CATCH("KORVA_AttachmentHandler::resolveAttachment");
 }
 
 std::size_t KORVA_AttachmentHandler::getReferenceCount() const {

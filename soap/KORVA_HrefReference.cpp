@@ -11,7 +11,7 @@ KORVA_HrefReference::KORVA_HrefReference(const char* contentId, KORVASchemaTypeI
         if (name != nullptr) m_name = name;
         return;
     }
-    ZEL_CATCH("KORVA_HrefReference::KORVA_HrefReference")
+    ZEL_CATCH("KORVA_HrefReference::KORVA_HrefReference");
 }
 
 KORVA_HrefReference::~KORVA_HrefReference() = default;

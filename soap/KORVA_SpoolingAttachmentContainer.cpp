@@ -68,17 +68,19 @@ std::size_t KORVA_SpoolingAttachmentContainer::Content::readAt(unsigned long lon
 }
 
 BRIMOutputStream& KORVA_SpoolingAttachmentContainer::Content::operator>>(
-    BRIMOutputStream& out) const {ZEL_TRY{char piece[16384];
-const unsigned long long inFile = fileSize();
-for (unsigned long long position = 0; position < inFile;) {
-    const std::size_t count = m_file->read(position, piece, sizeof piece);
-    out.write(piece, count);
-    position += count;
-}
-if (m_rest.pcount() != 0) out.write(m_rest.str(), m_rest.pcount());
-return out;
-}
-ZEL_CATCH("KORVA_SpoolingAttachmentContainer::operator>>")
+    BRIMOutputStream& out) const {
+    ZEL_TRY {
+        char piece[16384];
+        const unsigned long long inFile = fileSize();
+        for (unsigned long long position = 0; position < inFile;) {
+            const std::size_t count = m_file->read(position, piece, sizeof piece);
+            out.write(piece, count);
+            position += count;
+        }
+        if (m_rest.pcount() != 0) out.write(m_rest.str(), m_rest.pcount());
+        return out;
+    }
+    ZEL_CATCH("KORVA_SpoolingAttachmentContainer::operator>>");
 }
 
 KORVA_SpoolingAttachmentContainer::KORVA_SpoolingAttachmentContainer(std::size_t threshold) {
@@ -87,7 +89,7 @@ KORVA_SpoolingAttachmentContainer::KORVA_SpoolingAttachmentContainer(std::size_t
         m_content.reset(new Content(threshold));
         return;
     }
-    ZEL_CATCH("KORVA_SpoolingAttachmentContainer::KORVA_SpoolingAttachmentContainer")
+    ZEL_CATCH("KORVA_SpoolingAttachmentContainer::KORVA_SpoolingAttachmentContainer");
 }
 
 KORVA_SpoolingAttachmentContainer::~KORVA_SpoolingAttachmentContainer() = default;
@@ -96,7 +98,7 @@ KORVA_AttachmentContainerI* KORVA_SpoolingAttachmentContainer::create() {
     ZEL_TRY {
         return new KORVA_SpoolingAttachmentContainer;
     }
-    ZEL_CATCH("KORVA_SpoolingAttachmentContainer::create")
+    ZEL_CATCH("KORVA_SpoolingAttachmentContainer::create");
 }
 
 void KORVA_SpoolingAttachmentContainer::append(const char* bytes, std::size_t length) {

@@ -92,7 +92,7 @@ template <class Exception>
         message << ZELMessageParm(I18NString(utf8(reported.getMessage()) + utf8(systemId)));
         exception << message;
     }
-    ZEL_CATCH(function)
+    ZEL_CATCH(function);
     raiseAt(guard, exception, location, function);
 }
 
@@ -102,7 +102,7 @@ template <class Exception>
     ZEL_TRY {
         exception << KORVAZELMessage(eKORVA_ParseFailed);
     }
-    ZEL_CATCH(function)
+    ZEL_CATCH(function);
     raiseAt(guard, exception, location, function);
 }
 

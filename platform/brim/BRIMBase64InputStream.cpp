@@ -83,5 +83,5 @@ void BRIMBase64InputStream::refuse(const char* what) const {
             std::string("base64: ") + what + ", at offset " + std::to_string(offset);
         ZEL_THROW(BRIMStreamError(text.c_str()), "BRIMBase64InputStream::read");
     }
-    ZEL_CATCH("BRIMBase64InputStream::refuse")
+    ZEL_CATCH("BRIMBase64InputStream::refuse");
 }

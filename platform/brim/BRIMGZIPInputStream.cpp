@@ -42,10 +42,11 @@ struct BRIMGZIPInputStream::Inflater {
     char buffer[16384];
 };
 
-BRIMGZIPInputStream::BRIMGZIPInputStream(BRIMInputStream& stream)
-    : m_stream(stream){ZEL_TRY{m_inflater = new Inflater;
-}
-ZEL_CATCH("BRIMGZIPInputStream::BRIMGZIPInputStream")
+BRIMGZIPInputStream::BRIMGZIPInputStream(BRIMInputStream& stream) : m_stream(stream) {
+    ZEL_TRY {
+        m_inflater = new Inflater;
+    }
+    ZEL_CATCH("BRIMGZIPInputStream::BRIMGZIPInputStream");
 }
 
 BRIMGZIPInputStream::~BRIMGZIPInputStream() {

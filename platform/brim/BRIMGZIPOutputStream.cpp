@@ -28,10 +28,11 @@ struct BRIMGZIPOutputStream::Deflater {
     char buffer[16384];
 };
 
-BRIMGZIPOutputStream::BRIMGZIPOutputStream(BRIMOutputStream& stream, int level)
-    : m_stream(stream){ZEL_TRY{m_deflater = new Deflater(level);
-}
-ZEL_CATCH("BRIMGZIPOutputStream::BRIMGZIPOutputStream")
+BRIMGZIPOutputStream::BRIMGZIPOutputStream(BRIMOutputStream& stream, int level) : m_stream(stream) {
+    ZEL_TRY {
+        m_deflater = new Deflater(level);
+    }
+    ZEL_CATCH("BRIMGZIPOutputStream::BRIMGZIPOutputStream");
 }
 
 BRIMGZIPOutputStream::~BRIMGZIPOutputStream() {

@@ -16,7 +16,7 @@ BRIMStreamError* BRIMStreamError::clone() const {
     ZEL_TRY {
         return new BRIMStreamError(*this);
     }
-    ZEL_CATCH("BRIMStreamError::clone")
+    ZEL_CATCH("BRIMStreamError::clone");
 }
 
 const char* BRIMStreamError::getThrowableName() const noexcept {

@@ -14,5 +14,5 @@ void brim::raiseSystemError(ZELFileLocation location, const char* function, cons
             std::string(subject) + ": " + std::generic_category().message(error);
         zel::raise(location, BRIMStreamError(text.c_str()), function);
     }
-    ZEL_CATCH(function)
+    ZEL_CATCH(function);
 }

@@ -10,9 +10,11 @@
 
 TARNObjectRegistryI::~TARNObjectRegistryI() = default;
 
-TARNObjectRegistry* TARNObjectRegistry::create(){ZEL_TRY{return new TARNObjectRegistry;
-}
-ZEL_CATCH("TARNObjectRegistry::create()")
+TARNObjectRegistry* TARNObjectRegistry::create() {
+    ZEL_TRY {
+        return new TARNObjectRegistry;
+    }
+    ZEL_CATCH("TARNObjectRegistry::create()");
 }
 
 TARNObjectRegistry::~TARNObjectRegistry() {

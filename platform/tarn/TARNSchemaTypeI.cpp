@@ -98,5 +98,5 @@ bool TARNSchemaTypeI::isEqualTo(const TARNSchemaTypeI& other) const {
     ZEL_TRY {
         return Comparison().run(*this, other);
     }
-    ZEL_CATCH("TARNSchemaTypeI::isEqualTo")
+    ZEL_CATCH("TARNSchemaTypeI::isEqualTo");
 }

@@ -45,7 +45,7 @@ TARNSchemaTypeI* TARNSchemaTypesFactory::create(ObjectType type) const {
         }
         return nullptr;
     }
-    ZEL_CATCH("TARNSchemaTypesFactory::create")
+    ZEL_CATCH("TARNSchemaTypesFactory::create");
 }
 
 TARNSchemaTypeI::ObjectType TARNSchemaTypesFactory::stringToObjectType(const char* text) const {

@@ -16,7 +16,7 @@ TARNTypeError* TARNTypeError::clone() const {
     ZEL_TRY {
         return new TARNTypeError(*this);
     }
-    ZEL_CATCH("TARNTypeError::clone")
+    ZEL_CATCH("TARNTypeError::clone");
 }
 
 const char* TARNTypeError::getThrowableName() const noexcept {

@@ -12,5 +12,5 @@ TARNUndocumentedFaultDetail* TARNUndocumentedFaultDetailArray::at(std::size_t po
         return static_cast<TARNUndocumentedFaultDetail*>(
             static_cast<TARNSchemaTypeI*>(element(position)));
     }
-    ZEL_CATCH("TARNUndocumentedFaultDetailArray::at")
+    ZEL_CATCH("TARNUndocumentedFaultDetailArray::at");
 }

@@ -58,7 +58,7 @@ std::size_t TARN_ArrayObject::setChildObject(const char* name, void* value, Obje
         m_elements[*index - 1] = element;
         return *index;
     }
-    ZEL_CATCH(nullptr)
+    ZEL_CATCH(nullptr);
 }
 
 void* TARN_ArrayObject::element(std::size_t position) const {
@@ -78,7 +78,7 @@ void* TARN_ArrayObject::getChildObject(const char* name, bool) {
         if (index > m_elements.size()) throw std::out_of_range("no such element in the array");
         return element(index - 1);
     }
-    ZEL_CATCH("TARN_ArrayObject::getChildObject")
+    ZEL_CATCH("TARN_ArrayObject::getChildObject");
 }
 
 TARNSchemaTypeI::ObjectType TARN_ArrayObject::getChildType(const char*) const {
@@ -93,7 +93,7 @@ void TARN_ArrayObject::getChildObjectNames(std::vector<const char*>& names, bool
         for (std::size_t n = 1; n <= count; ++n)
             names.push_back(reinterpret_cast<const char*>(static_cast<std::uintptr_t>(n)));
     }
-    ZEL_CATCH(nullptr)
+    ZEL_CATCH(nullptr);
 }
 
 bool TARN_ArrayObject::isa(ObjectType type) const {

@@ -65,7 +65,7 @@ BRIMOutputStream& TARN_CharStreamable::operator>>(BRIMOutputStream& out) const {
         }
         return out;
     }
-    ZEL_CATCH("TARN_CharStreamable::operator>>")
+    ZEL_CATCH("TARN_CharStreamable::operator>>");
 }
 
 bool TARN_CharStreamable::sharesSourceWith(const TARN_CharStreamable& other) const {

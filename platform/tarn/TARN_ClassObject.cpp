@@ -194,7 +194,7 @@ void TARN_ClassObject::getChildObjectNames(std::vector<const char*>& names,
         if (includeNull) names.reserve(names.size() + getChildObjectCount());
         appendNames(m_type, names, includeNull);
     }
-    ZEL_CATCH(nullptr)
+    ZEL_CATCH(nullptr);
 }
 
 bool TARN_ClassObject::isa(ObjectType type) const {

@@ -39,7 +39,7 @@ void TextObject::getChildObjectNames(std::vector<const char*>& names, bool inclu
     ZEL_TRY {
         if (includeNull || m_text != nullptr) names.push_back("");
     }
-    ZEL_CATCH(nullptr)
+    ZEL_CATCH(nullptr);
 }
 
 bool TextObject::isa(ObjectType type) const {

@@ -25,7 +25,7 @@ const char* nameOfType(ObjectType type) {
         for (const char* const piece : pieces)
             text += piece;
     }
-    ZEL_CATCH(nullptr)
+    ZEL_CATCH(nullptr);
     ZEL_THROW(TARNTypeError(text.c_str()));
 }
 

@@ -30,7 +30,7 @@ char* I18NConverter::toUtf8(const char16_t* text, std::size_t length) {
         *encode(text, length, m_pending, result) = '\0';
         return result;
     }
-    ZEL_CATCH("I18NConverter::toUtf8")
+    ZEL_CATCH("I18NConverter::toUtf8");
 }
 
 char* I18NConverter::toUtf8(const char16_t* text) {
@@ -79,7 +79,7 @@ char16_t* I18NConverter::toUtf16(const char* text, std::size_t length) {
         *decode(text, length, result) = u'\0';
         return result;
     }
-    ZEL_CATCH("I18NConverter::toUtf16")
+    ZEL_CATCH("I18NConverter::toUtf16");
 }
 
 void I18NConverter::appendUtf16(const char* text, std::size_t length, std::u16string& result) {
@@ -89,5 +89,5 @@ void I18NConverter::appendUtf16(const char* text, std::size_t length, std::u16st
         const char16_t* end = decode(text, length, result.data() + before);
         result.resize(static_cast<std::size_t>(end - result.data()));
     }
-    ZEL_CATCH("I18NConverter::appendUtf16")
+    ZEL_CATCH("I18NConverter::appendUtf16");
 }

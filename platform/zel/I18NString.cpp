@@ -52,7 +52,7 @@ const std::string& I18NString::narrow() const {
         m_hasUtf8 = true;
         return m_utf8;
     }
-    ZEL_CATCH("I18NString::utf8")
+    ZEL_CATCH("I18NString::utf8");
 }
 
 const std::u16string& I18NString::widened() const {

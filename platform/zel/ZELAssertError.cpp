@@ -25,7 +25,7 @@ ZELAssertError* ZELAssertError::clone() const {
     ZEL_TRY {
         return new ZELAssertError(*this);
     }
-    ZEL_CATCH("ZELAssertError::clone")
+    ZEL_CATCH("ZELAssertError::clone");
 }
 
 const char* ZELAssertError::getThrowableName() const noexcept {

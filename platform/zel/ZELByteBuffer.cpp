@@ -107,5 +107,5 @@ void ZELByteBuffer::reallocate(std::size_t capacity) {
         m_pBuffer = buffer;
         m_capacity = capacity;
     }
-    ZEL_CATCH("ZELByteBuffer::reallocate")
+    ZEL_CATCH("ZELByteBuffer::reallocate");
 }

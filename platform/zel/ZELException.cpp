@@ -24,7 +24,7 @@ ZELException* ZELException::clone() const {
     ZEL_TRY {
         return new ZELException(*this);
     }
-    ZEL_CATCH("ZELException::clone")
+    ZEL_CATCH("ZELException::clone");
 }
 
 const char* ZELException::getThrowableName() const noexcept {
@@ -39,7 +39,7 @@ ZELException& ZELException::operator<<(const ZELMessage& message) {
     ZEL_TRY {
         add(message);
     }
-    ZEL_CATCH("ZELException::operator<<")
+    ZEL_CATCH("ZELException::operator<<");
     return *this;
 }
 

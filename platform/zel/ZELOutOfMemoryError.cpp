@@ -17,7 +17,7 @@ ZELOutOfMemoryError* ZELOutOfMemoryError::clone() const {
     ZEL_TRY {
         return new ZELOutOfMemoryError(*this);
     }
-    ZEL_CATCH("ZELOutOfMemoryError::clone")
+    ZEL_CATCH("ZELOutOfMemoryError::clone");
 }
 
 const char* ZELOutOfMemoryError::getThrowableName() const noexcept {

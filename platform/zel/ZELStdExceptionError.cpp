@@ -18,7 +18,7 @@ ZELStdExceptionError* ZELStdExceptionError::clone() const {
     ZEL_TRY {
         return new ZELStdExceptionError(*this);
     }
-    ZEL_CATCH("ZELStdExceptionError::clone")
+    ZEL_CATCH("ZELStdExceptionError::clone");
 }
 
 const char* ZELStdExceptionError::getThrowableName() const noexcept {

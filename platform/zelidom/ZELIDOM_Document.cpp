@@ -43,7 +43,7 @@ ZELIDOM_Document ZELIDOM_Document::create() {
         owned = new OwnedDocument;
         return {owned->create(), owned};
     }
-    ZELIDOM_CATCH("ZELIDOM_Document::create")
+    ZELIDOM_CATCH("ZELIDOM_Document::create");
 }
 
 ZELIDOM_Document ZELIDOM_Document::parse(BRIMInputStream& stream, std::size_t maximumDepth) {
@@ -52,7 +52,7 @@ ZELIDOM_Document ZELIDOM_Document::parse(BRIMInputStream& stream, std::size_t ma
         owned = new OwnedDocument;
         return {owned->parse(stream, maximumDepth), owned};
     }
-    ZELIDOM_CATCH("ZELIDOM_Document::parse")
+    ZELIDOM_CATCH("ZELIDOM_Document::parse");
 }
 
 ZELIDOM_Element ZELIDOM_Document::getDocumentElement() const {
@@ -65,16 +65,18 @@ ZELIDOM_Element ZELIDOM_Document::createElementNS(std::string_view namespaceURI,
 }
 
 ZELIDOM_Element ZELIDOM_Document::createElementNS(const XMLCh* namespaceURI,
-                                                  const XMLCh* qualifiedName){
-    ZEL_TRY{return ZELIDOM_Element(document().createElementNS(orNone(namespaceURI), qualifiedName));
-}
-ZELIDOM_CATCH("ZELIDOM_Document::createElementNS")
+                                                  const XMLCh* qualifiedName) {
+    ZEL_TRY {
+        return ZELIDOM_Element(document().createElementNS(orNone(namespaceURI), qualifiedName));
+    }
+    ZELIDOM_CATCH("ZELIDOM_Document::createElementNS");
 }
 
-ZELIDOM_Element ZELIDOM_Document::createElement(std::string_view name){
-    ZEL_TRY{return ZELIDOM_Element(document().createElement(WideText(name).get()));
-}
-ZELIDOM_CATCH("ZELIDOM_Document::createElement")
+ZELIDOM_Element ZELIDOM_Document::createElement(std::string_view name) {
+    ZEL_TRY {
+        return ZELIDOM_Element(document().createElement(WideText(name).get()));
+    }
+    ZELIDOM_CATCH("ZELIDOM_Document::createElement");
 }
 
 ZELIDOM_Node ZELIDOM_Document::createTextNode(std::string_view text) {
@@ -85,5 +87,5 @@ ZELIDOM_Node ZELIDOM_Document::createTextNode(const XMLCh* text) {
     ZEL_TRY {
         return ZELIDOM_Node(document().createTextNode(text));
     }
-    ZELIDOM_CATCH("ZELIDOM_Document::createTextNode")
+    ZELIDOM_CATCH("ZELIDOM_Document::createTextNode");
 }

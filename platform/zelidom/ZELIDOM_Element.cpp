@@ -29,7 +29,7 @@ void ZELIDOM_Element::setAttribute(const XMLCh* name, const XMLCh* value) {
         element().setAttribute(name, value);
         return;
     }
-    ZELIDOM_CATCH("ZELIDOM_Element::setAttribute")
+    ZELIDOM_CATCH("ZELIDOM_Element::setAttribute");
 }
 
 void ZELIDOM_Element::setAttributeNS(std::string_view namespaceURI, std::string_view qualifiedName,
@@ -39,17 +39,19 @@ void ZELIDOM_Element::setAttributeNS(std::string_view namespaceURI, std::string_
 }
 
 void ZELIDOM_Element::setAttributeNS(const XMLCh* namespaceURI, const XMLCh* qualifiedName,
-                                     const XMLCh* value){
-    ZEL_TRY{element().setAttributeNS(orNone(namespaceURI), qualifiedName, value);
-return;
-}
-ZELIDOM_CATCH("ZELIDOM_Element::setAttributeNS")
+                                     const XMLCh* value) {
+    ZEL_TRY {
+        element().setAttributeNS(orNone(namespaceURI), qualifiedName, value);
+        return;
+    }
+    ZELIDOM_CATCH("ZELIDOM_Element::setAttributeNS");
 }
 
 ZELIDOM_String ZELIDOM_Element::getAttribute(std::string_view name) const {
-    ZEL_TRY{return ZELIDOM_String(element().getAttribute(WideText(name).get()));
-}
-ZELIDOM_CATCH("ZELIDOM_Element::getAttribute")
+    ZEL_TRY {
+        return ZELIDOM_String(element().getAttribute(WideText(name).get()));
+    }
+    ZELIDOM_CATCH("ZELIDOM_Element::getAttribute");
 }
 
 ZELIDOM_String ZELIDOM_Element::getAttributeNS(std::string_view namespaceURI,
@@ -59,5 +61,5 @@ ZELIDOM_String ZELIDOM_Element::getAttributeNS(std::string_view namespaceURI,
         return ZELIDOM_String(
             element().getAttributeNS(orNone(uri.get()), WideText(localName).get()));
     }
-    ZELIDOM_CATCH("ZELIDOM_Element::getAttributeNS")
+    ZELIDOM_CATCH("ZELIDOM_Element::getAttributeNS");
 }

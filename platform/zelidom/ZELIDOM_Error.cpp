@@ -16,7 +16,7 @@ ZELIDOM_Error* ZELIDOM_Error::clone() const {
     ZEL_TRY {
         return new ZELIDOM_Error(*this);
     }
-    ZEL_CATCH("ZELIDOM_Error::clone")
+    ZEL_CATCH("ZELIDOM_Error::clone");
 }
 
 const char* ZELIDOM_Error::getThrowableName() const noexcept {

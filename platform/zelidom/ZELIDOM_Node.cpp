@@ -24,7 +24,7 @@ ZELIDOM_String ZELIDOM_Node::getNodeValue() const {
         // An attribute whose value was put together of pieces joins them now.
         return ZELIDOM_String(m_node->getNodeValue());
     }
-    ZELIDOM_CATCH("ZELIDOM_Node::getNodeValue")
+    ZELIDOM_CATCH("ZELIDOM_Node::getNodeValue");
 }
 
 ZELIDOM_String ZELIDOM_Node::getLocalName() const {
@@ -73,5 +73,5 @@ ZELIDOM_Node ZELIDOM_Node::appendChild(const ZELIDOM_Node& child) {
     ZEL_TRY {
         return ZELIDOM_Node(m_node->appendChild(child.m_node));
     }
-    ZELIDOM_CATCH("ZELIDOM_Node::appendChild")
+    ZELIDOM_CATCH("ZELIDOM_Node::appendChild");
 }

@@ -12,7 +12,7 @@ std::string ZELIDOM_String::utf8() const {
         result.resize(length);
         return result;
     }
-    ZEL_CATCH("ZELIDOM_String::utf8")
+    ZEL_CATCH("ZELIDOM_String::utf8");
 }
 
 bool ZELIDOM_String::equals(std::string_view utf8) const {

@@ -120,7 +120,7 @@ TEST_F(Frame, SeveralFramesAddALineEach) {
             ZEL_TRY {
                 nest(depth - 1);
             }
-            ZEL_CATCH("nest")
+            ZEL_CATCH("nest");
         };
         try {
             nest(frames);

@@ -83,7 +83,7 @@ TEST_F(AllocationFailureTest, FrameTurnsBadAllocIntoOutOfMemoryErrorWithoutMemor
                 delete new int(1);
                 throw std::bad_alloc();
             }
-            ZEL_CATCH("f")
+            ZEL_CATCH("f");
         } catch (const ZELOutOfMemoryError&) {
             caught = true;
         }
@@ -111,7 +111,7 @@ TEST_F(AllocationFailureTest, EveryExceptionIsThrownAsItselfWhateverFails) {
             ZEL_TRY {
                 throw std::range_error("x");
             }
-            ZEL_CATCH("f")
+            ZEL_CATCH("f");
         } catch (const ZELStdExceptionError&) {
         } catch (const std::bad_alloc&) {
             // std::range_error itself could not be made.
@@ -131,7 +131,7 @@ TEST_F(AllocationFailureTest, MessageIsAddedWholeOrNotAtAll) {
                 message << ZELMessageParm("a parameter that is longer than a short string is");
                 error << message;
             }
-            ZEL_CATCH("f")
+            ZEL_CATCH("f");
         } catch (const ZELOutOfMemoryError&) {
             EXPECT_EQ(error.getMessages().size(), 0u);
             return;
@@ -253,7 +253,7 @@ TEST_F(AllocationFailureTest, ConverterAndStringRaiseOutOfMemoryError) {
                 const I18NString second(wide.get(), narrow.size());
                 EXPECT_EQ(second.utf8Length(), narrow.size());
             }
-            ZEL_CATCH("f")
+            ZEL_CATCH("f");
         } catch (const ZELOutOfMemoryError&) {
             ++failures;
         }

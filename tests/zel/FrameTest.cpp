@@ -20,15 +20,16 @@ int framed(Action action) {
     ZEL_TRY {
         return action();
     }
-    ZEL_CATCH("Class::framed")
+    ZEL_CATCH("Class::framed");
 }
 
 /// Calls `action` from within as many frames.
-int framedDeeply(unsigned depth,
-                 const std::function<int()>& action){ZEL_TRY{if (depth == 1) return action();
-return framedDeeply(depth - 1, action);
-}  // namespace
-ZEL_CATCH(nullptr)
+int framedDeeply(unsigned depth, const std::function<int()>& action) {
+    ZEL_TRY {
+        if (depth == 1) return action();
+        return framedDeeply(depth - 1, action);
+    }  // namespace
+    ZEL_CATCH(nullptr);
 }
 
 TEST(Frame, GoodPathReturnsItsValue) {
@@ -125,7 +126,7 @@ TEST(Frame, AssertionKeepsItsType) {
 TEST(Frame, WorksInAConstructorsFunctionBlock) {
     struct Thing {
         explicit Thing(bool fail) ZEL_TRY : value(fail ? throw std::bad_alloc() : 1) {}
-        ZEL_CATCH("Thing::Thing")
+        ZEL_CATCH("Thing::Thing");
         int value;
     };
     EXPECT_EQ(Thing(false).value, 1);

@@ -11,7 +11,7 @@ void halyard::refuse(std::string_view text, ZELFileLocation location, const char
         const std::string whole = "multipart: " + std::string(text);
         zel::raise(location, BRIMStreamError(whole.c_str()), function);
     }
-    ZEL_CATCH(function)
+    ZEL_CATCH(function);
 }
 
 void halyard::refuseLimit(std::string_view limit, unsigned long long value, std::string_view setter,
@@ -23,5 +23,5 @@ void halyard::refuseLimit(std::string_view limit, unsigned long long value, std:
                                   std::string(setter) + ".";
         zel::raise(location, BRIMStreamError(whole.c_str()), function);
     }
-    ZEL_CATCH(function)
+    ZEL_CATCH(function);
 }

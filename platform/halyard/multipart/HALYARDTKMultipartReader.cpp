@@ -235,12 +235,13 @@ void HALYARDTKMultipartReader::Message::moveOn() {
 }
 
 HALYARDTKMultipartReader::HALYARDTKMultipartReader(BRIMInputStream& stream,
-                                                   const char* contentType){
-    ZEL_TRY{m_message = std::make_unique<Message>(stream);
-m_message->open(contentType);
-return;
-}
-ZEL_CATCH("HALYARDTKMultipartReader::HALYARDTKMultipartReader")
+                                                   const char* contentType) {
+    ZEL_TRY {
+        m_message = std::make_unique<Message>(stream);
+        m_message->open(contentType);
+        return;
+    }
+    ZEL_CATCH("HALYARDTKMultipartReader::HALYARDTKMultipartReader");
 }
 
 HALYARDTKMultipartReader::~HALYARDTKMultipartReader() = default;
@@ -267,7 +268,7 @@ BRIMInputStream& HALYARDTKMultipartReader::getRoot() {
         m_message->openRoot();
         return *m_message->root;
     }
-    ZEL_CATCH("HALYARDTKMultipartReader::getRoot")
+    ZEL_CATCH("HALYARDTKMultipartReader::getRoot");
 }
 
 const char* HALYARDTKMultipartReader::getHeader(const char* name) const {
@@ -285,7 +286,7 @@ bool HALYARDTKMultipartReader::hasNextPart() {
         m_message->moveOn();
         return m_message->isAtHeaders;
     }
-    ZEL_CATCH("HALYARDTKMultipartReader::hasNextPart")
+    ZEL_CATCH("HALYARDTKMultipartReader::hasNextPart");
 }
 
 HALYARDTKMessagePart* HALYARDTKMultipartReader::getNextPart() {
@@ -303,7 +304,7 @@ HALYARDTKMessagePart* HALYARDTKMultipartReader::getNextPart() {
         message.partIsOut = true;
         return &*message.part;
     }
-    ZEL_CATCH("HALYARDTKMultipartReader::getNextPart")
+    ZEL_CATCH("HALYARDTKMultipartReader::getNextPart");
 }
 
 void HALYARDTKMultipartReader::releasePart(HALYARDTKMessagePart* part) {

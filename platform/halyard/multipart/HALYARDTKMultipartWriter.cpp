@@ -96,11 +96,12 @@ BRIMOutputStream& HALYARDTKMultipartWriter::Message::begin(std::string_view cont
     return gzip ? static_cast<BRIMOutputStream&>(*gzip) : part;
 }
 
-HALYARDTKMultipartWriter::HALYARDTKMultipartWriter(BRIMOutputStream& stream){
-    ZEL_TRY{m_message = std::make_unique<Message>(stream);
-return;
-}
-ZEL_CATCH("HALYARDTKMultipartWriter::HALYARDTKMultipartWriter")
+HALYARDTKMultipartWriter::HALYARDTKMultipartWriter(BRIMOutputStream& stream) {
+    ZEL_TRY {
+        m_message = std::make_unique<Message>(stream);
+        return;
+    }
+    ZEL_CATCH("HALYARDTKMultipartWriter::HALYARDTKMultipartWriter");
 }
 
 HALYARDTKMultipartWriter::~HALYARDTKMultipartWriter() = default;
@@ -114,7 +115,7 @@ BRIMOutputStream& HALYARDTKMultipartWriter::beginRoot() {
     ZEL_TRY {
         return m_message->begin(halyard::withoutBrackets(m_message->rootId), rootType, ePlain);
     }
-    ZEL_CATCH("HALYARDTKMultipartWriter::beginRoot")
+    ZEL_CATCH("HALYARDTKMultipartWriter::beginRoot");
 }
 
 BRIMOutputStream& HALYARDTKMultipartWriter::beginPart(const char* contentId,
@@ -129,7 +130,7 @@ BRIMOutputStream& HALYARDTKMultipartWriter::beginPart(const char* contentId,
                             "HALYARDTKMultipartWriter::beginPart");
         return m_message->begin(id, contentType, compression);
     }
-    ZEL_CATCH("HALYARDTKMultipartWriter::beginPart")
+    ZEL_CATCH("HALYARDTKMultipartWriter::beginPart");
 }
 
 void HALYARDTKMultipartWriter::writePart(const char* contentId, const char* contentType,
@@ -143,7 +144,7 @@ void HALYARDTKMultipartWriter::writePart(const char* contentId, const char* cont
             part.write(piece, static_cast<std::size_t>(count));
         }
     }
-    ZEL_CATCH("HALYARDTKMultipartWriter::writePart")
+    ZEL_CATCH("HALYARDTKMultipartWriter::writePart");
 }
 
 void HALYARDTKMultipartWriter::close() {
@@ -157,5 +158,5 @@ void HALYARDTKMultipartWriter::close() {
         message.stream.write(message.head.data(), message.head.size());
         return;
     }
-    ZEL_CATCH("HALYARDTKMultipartWriter::close")
+    ZEL_CATCH("HALYARDTKMultipartWriter::close");
 }

@@ -2,7 +2,7 @@
 ///
 ///     KORVAThing* KORVAThing::create() {
 ///         ZEL_TRY { return new KORVAThing; }
-///         ZEL_CATCH("KORVAThing::create")
+///         ZEL_CATCH("KORVAThing::create");
 ///     }
 ///
 /// A `ZELThrowable` gets one more line in its back trace and goes on, `std::bad_alloc` becomes
