@@ -77,6 +77,7 @@ KORVASchemaTypeIContentHandler::Entry::Entry(const char* n, ObjectType t, void* 
     : name(n),
       type(t),
       isArray(false),
+      isSimple(false),
       takesText(true),
       setAtEnd(false),
       value(v),
@@ -213,8 +214,7 @@ void KORVASchemaTypeIContentHandler::startElement(const XMLCh*, const XMLCh* loc
     }
 
     const Entry& parent = top();
-    if (!Factory::isGeneratedType(parent.type))
-        KORVA_RAISE(eKORVA_ElementInSimpleValue, startElementLabel, name);
+    if (parent.isSimple) KORVA_RAISE(eKORVA_ElementInSimpleValue, startElementLabel, name);
     auto* const pSchemaTypeI = static_cast<KORVASchemaTypeI*>(parent.value);
     ZEL_ASSERT(pSchemaTypeI);
     const ObjectType declared = pSchemaTypeI->getChildType(name);
@@ -302,6 +302,7 @@ void KORVASchemaTypeIContentHandler::startChild(const char* name, ObjectType xsi
         // part.
         Entry& entry = m_objStack.emplace_back(name, declared, child);
         entry.isArray = isArray;
+        entry.isSimple = !isArray;
         entry.takesText = !isArray;
         return;
     }
@@ -318,13 +319,15 @@ KORVASchemaTypeIContentHandler::Entry KORVASchemaTypeIContentHandler::makeEntry(
     ZEL_ASSERT_NAMED(objType != KORVASchemaTypeI::e_Unknown, "Received invalid objType.");
     Entry entry(name, objType, nullptr);
     // The values of plain types come from the text.
-    if (!Factory::isGeneratedType(objType)) return entry;
+    entry.isSimple = !Factory::isGeneratedType(objType);
+    if (entry.isSimple) return entry;
     entry.value = makeObject(objType);
     // Classes and arrays have children. Enumerations and restricted strings are made from their
     // element's text; what the tables do not know may be, too.
     if (const korva::TypeDescriptor* const row = korva::findType(objType)) {
         entry.isArray = row->elementType != KORVASchemaTypeI::e_Unknown;
         entry.takesText = row->fields == nullptr && !entry.isArray;
+        entry.isSimple = entry.takesText && korva::findHandWrittenType(objType) == nullptr;
     }
     return entry;
 }

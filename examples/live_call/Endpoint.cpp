@@ -4,6 +4,7 @@
 
 #include <brim/BRIMMemoryInputStream.h>
 #include <brim/BRIMMemoryOutputStream.h>
+#include <brim/BRIMStreamError.h>
 #include <korva/KORVAException.h>
 #include <korva/KORVAObjectRegistryFactory.h>
 #include <korva/KORVAPortTypeBinding.h>
@@ -62,6 +63,8 @@ Answer Endpoint::answer(const std::string& envelope, const std::string& action) 
             return fault(Blame::eCaller, unreadable, errorOf(error));
         } catch (const KORVASOAPFaultException&) {
             return refuse("A fault is no request.");
+        } catch (const BRIMStreamError& error) {
+            return refuse(error.getText());
         } catch (const ZELAssertError& error) {
             std::cerr << error.toString() << std::endl;
             return refuse("The body has no operation, or refers to an attachment.");

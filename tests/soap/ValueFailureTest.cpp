@@ -48,6 +48,13 @@ TEST_F(ValueFailure, AChildOfASimpleValue) {
                     "inner");
 }
 
+TEST_F(ValueFailure, AChildOfAnEnumerationOrARestrictedString) {
+    EXPECT_NUMBERED(read("bus:asynchReply", "<status>complete<inner/></status>"), 0xEA4AA334,
+                    startElement, "inner");
+    EXPECT_NUMBERED(read("bus:guidProp", "<value><inner>text</inner></value>"), 0xEA4AA334,
+                    startElement, "inner");
+}
+
 TEST_F(ValueFailure, AnItemOfAWrongType) {
     EXPECT_NUMBERED(read("bus:parmValueItemArray", "<item xsi:type=\"bus:folder\"/>"), 0xEA4BCA5D,
                     startElement, "bus:folder", "bus:parmValueItem");

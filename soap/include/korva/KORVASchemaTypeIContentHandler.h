@@ -97,6 +97,7 @@ private:
         const char* name;  ///< of the schema's words or of m_context; null in undocumented details
         ObjectType type;
         bool isArray;    ///< its children are items
+        bool isSimple;   ///< it has no children
         bool takesText;  ///< text between its children is its own
         bool setAtEnd;   ///< goes to the parent when it ends, as its text makes the value
         void* value;     ///< null while the text has not made it
