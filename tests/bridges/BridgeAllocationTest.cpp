@@ -126,32 +126,18 @@ TEST_F(BridgeAllocation, AFailureOnTheWayOutOfTheSecondModelLeavesNothingBehind)
                   5u);
 }
 
+template <class Factory>
+void expectSafe() {
+    auto& factory = Factory::getInstance();
+    EXPECT_EQ(forEachFailingAllocation([&factory] { factory.destroy(factory.create()); }), 1u);
+}
+
 TEST_F(BridgeAllocation, AFailureInAFactoryLeavesNothingBehind) {
-    EXPECT_EQ(forEachFailingAllocation([] {
-                  auto& factory = KORVADOMObjectSerializerFactory::getInstance();
-                  factory.destroy(factory.create());
-              }),
-              1u);
-    EXPECT_EQ(forEachFailingAllocation([] {
-                  auto& factory = KORVADOMObjectDeserializerFactory::getInstance();
-                  factory.destroy(factory.create());
-              }),
-              1u);
-    EXPECT_EQ(forEachFailingAllocation([] {
-                  auto& factory = KORVASAXObjectSerializerFactory::getInstance();
-                  factory.destroy(factory.create());
-              }),
-              1u);
-    EXPECT_EQ(forEachFailingAllocation([] {
-                  auto& factory = KORVATARNObjectSerializerFactory::getInstance();
-                  factory.destroy(factory.create());
-              }),
-              1u);
-    EXPECT_EQ(forEachFailingAllocation([] {
-                  auto& factory = KORVATARNObjectDeserializerFactory::getInstance();
-                  factory.destroy(factory.create());
-              }),
-              1u);
+    expectSafe<KORVADOMObjectSerializerFactory>();
+    expectSafe<KORVADOMObjectDeserializerFactory>();
+    expectSafe<KORVASAXObjectSerializerFactory>();
+    expectSafe<KORVATARNObjectSerializerFactory>();
+    expectSafe<KORVATARNObjectDeserializerFactory>();
 }
 
 }  // namespace
