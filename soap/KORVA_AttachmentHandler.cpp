@@ -33,9 +33,6 @@ constexpr const char* resolveLabel = "KORVA_AttachmentHandler::resolveReferences
 
 constexpr std::size_t pieceSize = 2048;
 
-/// Nothing is said of the ratio of less than this: a few bytes may well expand to many.
-constexpr unsigned long long smallestForRatio = 1 << 20;
-
 KORVA_AttachmentContainerI* makeDefaultContainer() {
     return new DefaultAttachmentContainer;
 }
@@ -142,8 +139,7 @@ public:
     void expand(BRIMInputStream& stream, KORVA_AttachmentContainerI& container) {
         BRIMGZIPInputStream gzip(stream);
         readPieces(gzip, container, [this, &gzip] {
-            if (gzip.expandedBytes() > smallestForRatio &&
-                gzip.expandedBytes() / m_maximumRatio > gzip.compressedBytes())
+            if (gzip.expandsBeyond(m_maximumRatio))
                 refuse("the ratio by which an attachment expands", m_maximumRatio,
                        "KORVA_AttachmentHandler::setMaximumInflateRatio");
         });

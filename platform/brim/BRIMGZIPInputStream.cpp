@@ -99,3 +99,7 @@ unsigned long long BRIMGZIPInputStream::compressedBytes() const noexcept {
 unsigned long long BRIMGZIPInputStream::expandedBytes() const noexcept {
     return m_inflater->expanded;
 }
+
+bool BRIMGZIPInputStream::expandsBeyond(unsigned long long ratio) const noexcept {
+    return expandedBytes() > smallestForRatio && expandedBytes() / ratio > compressedBytes();
+}

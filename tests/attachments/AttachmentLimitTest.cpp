@@ -57,7 +57,7 @@ TEST_F(AttachmentLimit, CompressedBytesAreCountedExpanded) {
 }
 
 TEST_F(AttachmentLimit, AttachmentsThatExpandTooMuchAreGivenUp) {
-    const std::string bomb = gzipped(std::string(8 << 20, '\0'));
+    const std::string bomb = gzipped(std::string(32 << 20, '\0'));
     EXPECT_NUMBERED(resolve({{"a", bomb, true}}), 0xEA4F0001,
                     "KORVA_AttachmentHandler::resolveReferences",
                     "the ratio by which an attachment expands", "200",
@@ -90,12 +90,12 @@ TEST_F(AttachmentLimit, ABombIsGivenUpEarly) {
         handler.resolveReferences(reader, *registry,
                                   []() -> KORVA_AttachmentContainerI* { return new Counting; }),
         KORVAException);
-    EXPECT_LE(total, std::size_t{1 << 20} + 2048);
+    EXPECT_LE(total, std::size_t{16 << 20} + 2048);
 }
 
 TEST_F(AttachmentLimit, SmallAttachmentsMayExpandAsTheyLike) {
     handler.setMaximumInflateRatio(1);
-    EXPECT_TRUE(resolve({{"a", gzipped(std::string(1 << 20, '\0')), true}}));
+    EXPECT_TRUE(resolve({{"a", gzipped(std::string(16 << 20, '\0')), true}}));
 }
 
 TEST_F(AttachmentLimit, TheMessageTellsWhatToDo) {

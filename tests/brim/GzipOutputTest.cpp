@@ -170,4 +170,24 @@ TEST(Gzip, CountsWhatCameInAndWhatWentOut) {
     }
 }
 
+TEST(Gzip, TellsWhatExpandsFar) {
+    constexpr std::size_t megabyte = 1U << 20U;
+    std::string data;
+    const std::string member = compressed(std::string(megabyte, '\0'), megabyte);
+    for (int i = 0; i < 17; ++i)
+        data += member;
+    korva::test::PiecewiseInput in(data, 1000);
+    BRIMGZIPInputStream gzip(in);
+    EXPECT_FALSE(gzip.expandsBeyond(1));
+    std::string bytes(16 * megabyte, '\0');
+    while (gzip.expandedBytes() < bytes.size()) {
+        ASSERT_GT(gzip.read(bytes.data(), bytes.size() - gzip.expandedBytes()), 0);
+        EXPECT_FALSE(gzip.expandsBeyond(1)) << gzip.expandedBytes();
+    }
+    EXPECT_EQ(readAll(gzip).size(), megabyte);
+    const unsigned long long ratio = gzip.expandedBytes() / gzip.compressedBytes();
+    EXPECT_TRUE(gzip.expandsBeyond(ratio - 1));
+    EXPECT_FALSE(gzip.expandsBeyond(ratio + 1));
+}
+
 }  // namespace

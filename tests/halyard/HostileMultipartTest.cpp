@@ -181,7 +181,7 @@ std::string bomb(std::size_t size) {
 
 TEST(HostileMultipart, ARootThatExpandsTooMuchMeetsTheLimits) {
     const std::string text =
-        lines("--b|Content-Encoding: gzip||") + bomb(4 << 20) + lines("|--b--");
+        lines("--b|Content-Encoding: gzip||") + bomb(32 << 20) + lines("|--b--");
     const auto read = [&](unsigned long long ratio, unsigned long long bytes) {
         PiecewiseInput in(text, 1000);
         HALYARDTKMultipartReader reader(in, typeOfB.c_str());
@@ -201,17 +201,17 @@ TEST(HostileMultipart, ARootThatExpandsTooMuchMeetsTheLimits) {
         "The input exceeds the limit on the expanded bytes of the root part, which is 3145728. "
         "If its source can be trusted, raise the limit with "
         "HALYARDTKMultipartReader::setMaximumInflatedBytes.");
-    EXPECT_EQ(read(2000, 0), std::to_string(4 << 20));
-    EXPECT_EQ(read(2000, 4 << 20), std::to_string(4 << 20));
+    EXPECT_EQ(read(2000, 0), std::to_string(32 << 20));
+    EXPECT_EQ(read(2000, 32 << 20), std::to_string(32 << 20));
     PiecewiseInput in(text, 1000);
     HALYARDTKMultipartReader reader(in, typeOfB.c_str());
     EXPECT_THROW(reader.setMaximumInflateRatio(0), ZELAssertError);
 }
 
 TEST(HostileMultipart, ASmallRootMayExpandAsItLikes) {
-    EXPECT_EQ(readMessage(lines("--b|Content-Encoding: gzip||") + bomb(1 << 20) + lines("|--b--"))
+    EXPECT_EQ(readMessage(lines("--b|Content-Encoding: gzip||") + bomb(16 << 20) + lines("|--b--"))
                   .root.size(),
-              1u << 20U);
+              16u << 20U);
 }
 
 TEST(HostileMultipart, DamagedEncodingsAreTold) {

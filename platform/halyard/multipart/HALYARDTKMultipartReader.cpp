@@ -22,9 +22,6 @@ namespace {
 
 constexpr const char* readerLabel = "HALYARDTKMultipartReader";
 
-/// Nothing is said of the ratio of less than this: a few bytes may well expand to many.
-constexpr unsigned long long smallestForRatio = 1 << 20;
-
 struct Limits {
     std::size_t parts = 10'000;
     std::size_t headerBytes = 16'384;
@@ -57,12 +54,10 @@ public:
 
     long long read(char* buffer, std::size_t size) override {
         const long long count = m_gzip.read(buffer, size);
-        const unsigned long long expanded = m_gzip.expandedBytes();
-        if (expanded > m_limits.inflatedBytes)
+        if (m_gzip.expandedBytes() > m_limits.inflatedBytes)
             refuse("the expanded bytes of the root part", m_limits.inflatedBytes,
                    "setMaximumInflatedBytes");
-        if (expanded > smallestForRatio &&
-            expanded / m_limits.inflateRatio > m_gzip.compressedBytes())
+        if (m_gzip.expandsBeyond(m_limits.inflateRatio))
             refuse("the ratio by which the root part expands", m_limits.inflateRatio,
                    "setMaximumInflateRatio");
         return count;
@@ -237,7 +232,7 @@ void HALYARDTKMultipartReader::Message::moveOn() {
 HALYARDTKMultipartReader::HALYARDTKMultipartReader(BRIMInputStream& stream,
                                                    const char* contentType) {
     ZEL_TRY {
-        m_message = std::make_unique<Message>(stream);
+        m_message.reset(new Message(stream));
         m_message->open(contentType);
         return;
     }

@@ -98,7 +98,7 @@ BRIMOutputStream& HALYARDTKMultipartWriter::Message::begin(std::string_view cont
 
 HALYARDTKMultipartWriter::HALYARDTKMultipartWriter(BRIMOutputStream& stream) {
     ZEL_TRY {
-        m_message = std::make_unique<Message>(stream);
+        m_message.reset(new Message(stream));
         return;
     }
     ZEL_CATCH("HALYARDTKMultipartWriter::HALYARDTKMultipartWriter");

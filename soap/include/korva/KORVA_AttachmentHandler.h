@@ -57,7 +57,8 @@ public:
     /// @return whether no reference is left
     /// @throws KORVAException 0xEA4F0001: the parts exceed a limit; 0xEA47C21F: the place takes no
     ///     such value
-    /// @throws ZELAssertError the factory gave null; an array of text lost the item that refers
+    /// @throws ZELAssertError the factory or the reader gave null; an array of text lost the item
+    ///     that refers
     /// @throws ZELOutOfMemoryError no memory is left
     /// A ZELThrowable of the reader or of a part's stream passes through.
     bool resolveReferences(HALYARDTKMessageReader& reader, KORVAObjectRegistryI& registry,
@@ -80,8 +81,8 @@ public:
     /// KORVAException 0xEA4F0001.
     void setMaximumBytes(unsigned long long bytes);
 
-    /// How many times its size a compressed part may expand to, looked at from its first megabyte
-    /// on: 200 at first. More end in KORVAException 0xEA4F0001.
+    /// How many times its size a compressed part may expand to, looked at when it has expanded
+    /// to 16 MB: 200 at first. More end in KORVAException 0xEA4F0001.
     /// @throws ZELAssertError `ratio` is 0
     void setMaximumInflateRatio(unsigned long long ratio);
 

@@ -3,9 +3,9 @@
 
 #include <halyard/HALYARDTKMessageReader.h>
 #include <halyard/HALYARDTKMultipartExport.h>
+#include <zel/ZELOwner.h>
 
 #include <cstddef>
-#include <memory>
 
 class BRIMInputStream;
 
@@ -39,8 +39,8 @@ public:
     /// as they are, to be limited by who expands them.
     void setMaximumInflatedBytes(unsigned long long bytes);
 
-    /// How many times its size a root that is compressed may expand to, looked at from its first
-    /// megabyte on: 200 at first.
+    /// How many times its size a root that is compressed may expand to, looked at when it has
+    /// expanded to 16 MB: 200 at first.
     void setMaximumInflateRatio(unsigned long long ratio);
 
     /// The root part, expanded if it is compressed. It is read before the parts: asking for those
@@ -69,5 +69,5 @@ public:
 
 private:
     struct Message;
-    std::unique_ptr<Message> m_message;
+    ZELOwner<Message> m_message;
 };

@@ -2,8 +2,7 @@
 #pragma once
 
 #include <halyard/HALYARDTKMultipartExport.h>
-
-#include <memory>
+#include <zel/ZELOwner.h>
 
 class BRIMInputStream;
 class BRIMOutputStream;
@@ -58,5 +57,5 @@ public:
 
 private:
     struct Message;
-    std::unique_ptr<Message> m_message;
+    ZELOwner<Message> m_message;
 };
