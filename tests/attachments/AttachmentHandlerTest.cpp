@@ -388,6 +388,17 @@ TEST_F(AttachmentHandler, AFactoryMustMakeAContainer) {
     EXPECT_EQ(reader.events, "attachments? next? ");
 }
 
+TEST_F(AttachmentHandler, AReaderMustGiveAPart) {
+    class WithoutParts : public HALYARDTKMessageReader {
+    public:
+        bool hasAttachments() override { return true; }
+        bool hasNextPart() override { return true; }
+        HALYARDTKMessagePart* getNextPart() override { return nullptr; }
+        void releasePart(HALYARDTKMessagePart*) override { ADD_FAILURE(); }
+    } reader;
+    EXPECT_ASSERTION(handler.resolveReferences(reader, *registry, nullptr), "ZEL_ASSERT(m_part);");
+}
+
 TEST_F(AttachmentHandler, ResolvingByHandTakesTheIdAsItIs) {
     registerText("abc");
     DefaultAttachmentContainer container;

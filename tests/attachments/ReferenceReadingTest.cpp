@@ -4,8 +4,10 @@
 #include "tests/support/ExpectThrow.h"
 
 #include <korva/KORVAActivate_Request.h>
+#include <korva/KORVAAsynchOptionSearchPathSingleObjectArray.h>
 #include <korva/KORVAAsynchRun_Request.h>
 #include <korva/KORVABase64BinaryProp.h>
+#include <korva/KORVADateTimeProp.h>
 #include <korva/KORVAGuid.h>
 #include <korva/KORVAGuidProp.h>
 #include <korva/KORVAHalyardHeader.h>
@@ -18,6 +20,8 @@
 #include <korva/KORVAStringArray.h>
 #include <korva/KORVAStringArrayProp.h>
 #include <korva/KORVAStringProp.h>
+#include <korva/KORVAUserPreferenceVar.h>
+#include <korva/KORVAUserPreferenceVarArray.h>
 #include <korva/KORVAVelmoraTabulonPortType.h>
 #include <korva/KORVAWarden.h>
 #include <korva/KORVAXSBase64Binary.h>
@@ -75,6 +79,13 @@ TEST(ReferenceReading, AStringMayBeStreamed) {
 TEST(ReferenceReading, TextPropertiesAndDatesAreFilled) {
     ReferringDocument text("bus:stringProp", "<value xsi:type=\"xs:string\" href=\"cid:7\"/>");
     EXPECT_STREQ(resolve(text, "content").as<KORVAStringProp>().getValue(), "content");
+    for (const auto factory : {KORVA_AttachmentHandler::ContainerFactory{}, spooling}) {
+        ReferringDocument date("bus:dateTimeProp",
+                               "<value xsi:type=\"xs:dateTime\" href=\"cid:7\"/>");
+        resolve(date, "2026-01-01T00:00:00Z", factory);
+        EXPECT_EQ(textOf(date.as<KORVADateTimeProp>().getValue()),
+                  factory == nullptr ? "2026-01-01T00:00:00Z" : "streamed:2026-01-01T00:00:00Z");
+    }
 }
 
 TEST(ReferenceReading, ABinaryIsFilled) {
@@ -121,9 +132,33 @@ TEST(ReferenceReading, AnItemOfATextArrayIsFilledWhereItStands) {
 }
 
 TEST(ReferenceReading, AnItemOfAnObjectArrayIsFilled) {
-    ReferringDocument document("bus:stringArrayProp", "<value><item href=\"cid:7\"/></value>");
-    resolve(document, "content");
-    EXPECT_STREQ(document.as<KORVAStringArrayProp>().getValue().at(0), "content");
+    for (const auto factory : {KORVA_AttachmentHandler::ContainerFactory{}, spooling}) {
+        ReferringDocument document(
+            "bus:asynchOptionSearchPathSingleObjectArray",
+            "<value><item>/a</item><item href=\"cid:7\"/><item>/c</item></value>");
+        resolve(document, "/content", factory);
+        const KORVASearchPathSingleObjectArray& paths =
+            document.as<KORVAAsynchOptionSearchPathSingleObjectArray>().getValue();
+        ASSERT_EQ(paths.size(), 3u);
+        EXPECT_STREQ(paths.at(0)->getValue(), "/a");
+        EXPECT_EQ(textOf(paths.at(1)->getValue()),
+                  factory == nullptr ? "/content" : "streamed:/content");
+        EXPECT_STREQ(paths.at(2)->getValue(), "/c");
+    }
+}
+
+TEST(ReferenceReading, AFieldOfAnObjectInAnArrayIsFilled) {
+    ReferringDocument header(
+        "bus:halyardHeader",
+        "<userPreferenceVars><item><name>a</name><value>1</value></item>"
+        "<item><name>b</name><value href=\"cid:7\"/></item></userPreferenceVars>");
+    resolve(header, "content");
+    const KORVAUserPreferenceVarArray& variables =
+        header.as<KORVAHalyardHeader>().getUserPreferenceVars();
+    ASSERT_EQ(variables.size(), 2u);
+    EXPECT_STREQ(variables.at(0)->getValue(), "1");
+    EXPECT_STREQ(variables.at(1)->getName(), "b");
+    EXPECT_STREQ(variables.at(1)->getValue(), "content");
 }
 
 TEST(ReferenceReading, AReferenceOnAnObjectFillsNothing) {

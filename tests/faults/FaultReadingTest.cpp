@@ -1,4 +1,5 @@
 // Faults as they arrive: frame, children, documented and undocumented details, failures.
+#include "tests/attachments/ScriptedReader.h"
 #include "tests/faults/FaultReading.h"
 #include "tests/faults/SampleFaults.h"
 #include "tests/support/ExpectThrow.h"
@@ -13,6 +14,7 @@
 #include <korva/KORVASeverityEnum.h>
 #include <korva/KORVATracking.h>
 #include <korva/KORVAUndocumentedFaultDetailArray.h>
+#include <korva/KORVA_AttachmentHandler.h>
 
 #include <gtest/gtest.h>
 
@@ -30,6 +32,7 @@ using korva::test::readReply;
 using korva::test::readRequest;
 using korva::test::receiveFault;
 using korva::test::receiveFaultAsServer;
+using korva::test::textOf;
 
 constexpr const char* valueStart = "KORVASchemaTypeIContentHandler::startElement";
 
@@ -316,6 +319,32 @@ TEST(FaultReading, ATextOfAnUndocumentedDetailTakesNoOtherType) {
 TEST(FaultReading, TextInAReferenceFromAnUndocumentedDetailIsRefused) {
     EXPECT_NUMBERED(receiveFault(withDetail("<x href=\"cid:7\"> </x>")), 0xEA4ACDA5U,
                     "KORVASchemaTypeIContentHandler::characters", "", "7");
+}
+
+TEST(FaultReading, TextsOfAFaultMayTravelAsAttachments) {
+    const Binding call = makeCall(KORVAMessageI::eKORVAAsynchRun_Request);
+    KORVASOAPMessageIDeserializer deserializer;
+    KORVA_AttachmentHandler attachments;
+    deserializer.setAttachmentHandler(&attachments);
+    try {
+        readReply(deserializer, *call,
+                  faultEnvelope("<faultstring href=\"cid:text\"/><detail><x><severity "
+                                "href=\"cid:severity\"/><errorCode href=\"cid:code\"/><message>"
+                                "<messageString href=\"cid:text\"/></message></x></detail>"));
+        FAIL();
+    } catch (const KORVASOAPFaultException& caught) {
+        EXPECT_EQ(attachments.getReferenceCount(), 4u);
+        korva::test::ScriptedReader reader{
+            {"<code>", "RPT-1"}, {"<text>", "It failed."}, {"<severity>", "error"}};
+        EXPECT_TRUE(attachments.resolveReferences(
+            reader, *call->getOutputMessage().getObjectRegistry(), nullptr));
+        const KORVASOAPFault& fault = caught.getSOAPFault();
+        EXPECT_EQ(textOf(fault.getFaultString()), "streamed:It failed.");
+        const KORVAUndocumentedFaultDetail& detail = *fault.getUndocumentedDetail()->at(0);
+        EXPECT_STREQ(detail.getSeverity(), "error");
+        EXPECT_STREQ(detail.getErrorCodeString(), "RPT-1");
+        EXPECT_STREQ(detail.getMessage().at(0)->getMessageString(), "It failed.");
+    }
 }
 
 TEST(FaultReading, TheFirstUndocumentedDetailTakesThePlaceOfDocumentedOnes) {

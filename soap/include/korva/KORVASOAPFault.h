@@ -70,8 +70,8 @@ public:
     void convertUndocumentedFaultDetail(KORVAObjectRegistryI& registry);
 
     /// Sets `text` to the messages of the first detail, one behind the other without a separator:
-    /// those of the documented details if there are any, else those of the undocumented ones. The
-    /// empty text when there is none.
+    /// of the documented details if their array is set, else of the undocumented ones. The empty
+    /// text when there is none.
     /// @throws ZELOutOfMemoryError no memory is left
     void getMessages(std::string& text) const;
 
