@@ -17,6 +17,7 @@
 #include <korva/KORVAMonitorServicePortType.h>
 #include <korva/KORVAReportServicePortType.h>
 #include <korva/KORVASOAPFault.h>
+#include <korva/KORVASOAPFaultException.h>
 #include <korva/KORVASOAPFaultSerializer.h>
 #include <korva/KORVASOAPMessageIDeserializer.h>
 #include <korva/KORVASOAPMessageISerializer.h>
@@ -48,6 +49,12 @@ std::vector<KORVAPortTypeI*> allServices() {
             &KORVAMobileServicePortType::getInstance()};
 }
 
+std::string faultEnvelope(const KORVASOAPFault& fault) {
+    BRIMMemoryOutputStream bytes;
+    KORVASOAPFaultSerializer().serialize(nullptr, fault, bytes, true, true);
+    return {bytes.str(), bytes.pcount()};
+}
+
 /// An envelope that tells the caller why its request was refused.
 std::string faultEnvelope(const ZELMessage& message) {
     char number[16];
@@ -65,10 +72,7 @@ std::string faultEnvelope(const ZELMessage& message) {
     fault.setFaultCode("SOAP-ENV:Client");
     fault.setFaultString("The request cannot be read.");
     fault.setDetail(&details);
-
-    BRIMMemoryOutputStream bytes;
-    KORVASOAPFaultSerializer().serialize(nullptr, fault, bytes, true, true);
-    return {bytes.str(), bytes.pcount()};
+    return faultEnvelope(fault);
 }
 
 std::string write(KORVAPortTypeBinding& binding) {
@@ -114,13 +118,17 @@ private:
         try {
             read(exchange);
             m_service(*exchange.binding);
-            response.set_content(write(*exchange.binding), contentType);
+            exchange.answer = write(*exchange.binding);
         } catch (const KORVAException& error) {
             exchange.binding = {};
             exchange.refusal = error.getMessages()[0].getId();
+            exchange.answer = faultEnvelope(error.getMessages()[0]);
             response.status = 500;
-            response.set_content(faultEnvelope(error.getMessages()[0]), contentType);
+        } catch (const KORVASOAPFaultException& fault) {
+            exchange.answer = faultEnvelope(fault.getSOAPFault());
+            response.status = 500;
         }
+        response.set_content(exchange.answer, contentType);
     }
 
     static void read(Exchange& exchange) {

@@ -15,6 +15,7 @@ namespace korva::test {
 struct Exchange {
     std::string action;                             ///< the SOAPAction header, with its quotes
     std::string envelope;                           ///< the request as it was sent
+    std::string answer;                             ///< the reply or the fault as it was sent
     ZELSmartPointer<KORVAPortTypeBinding> binding;  ///< null if the request was refused
     unsigned refusal = 0;                           ///< the number of the message that told why
 };
@@ -23,7 +24,7 @@ struct Exchange {
 /// read by the library and replies written by it, on a thread of the server's own.
 class HttpServer {
 public:
-    /// Fills the output message of a call.
+    /// Fills the output message of a call, or raises the fault to answer with.
     using Service = std::function<void(KORVAPortTypeBinding&)>;
 
     /// @throws std::runtime_error there is no port

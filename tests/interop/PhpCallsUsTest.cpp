@@ -1,5 +1,6 @@
 // PHP's client against a server that reads and writes with the library. Each case stands in
 // php/client.php under its name.
+#include "tests/faults/SampleFaults.h"
 #include "tests/interop/Objects.h"
 #include "tests/interop/PhpClient.h"
 
@@ -38,6 +39,8 @@
 #include <korva/KORVARunOptionInt.h>
 #include <korva/KORVARunOptionString.h>
 #include <korva/KORVARunOptionStringArray.h>
+#include <korva/KORVASOAPFault.h>
+#include <korva/KORVASOAPFaultException.h>
 #include <korva/KORVASearchPathSingleObject.h>
 #include <korva/KORVAStringArray.h>
 #include <korva/KORVAStringProp.h>
@@ -189,6 +192,70 @@ TEST(PhpCallsUs, ReadsOurFaultWithItsDetails) {
               "    message: array of 1\n"
               "      [1]: object\n"
               "        message: \"KORVA message 0xea4112c6: run, reportService\"\n");
+}
+
+/// Answers with the fault that `fill` makes.
+PhpClient::Service failWith(void (*fill)(const Maker&, KORVASOAPFault&)) {
+    return [fill](KORVAPortTypeBinding&) {
+        const Maker maker;
+        auto* const fault = maker.make<KORVASOAPFault>();
+        fault->setFaultCode("SOAP-ENV:Server");
+        fault->setFaultString("It failed.");
+        fill(maker, *fault);
+        throw KORVASOAPFaultException(nullptr, *fault, maker.registry());
+    };
+}
+
+TEST(PhpCallsUs, ReadsDocumentedDetailsOfOurFault) {
+    const PhpClient php("plain-run", failWith([](const Maker& maker, KORVASOAPFault& fault) {
+                            addDetails(maker, fault, sampleDetails());
+                        }));
+    EXPECT_EQ(php.printed(),
+              "fault: SOAP-ENV:Server: It failed.\n"
+              "detail: object\n"
+              "  exception: array of 2\n"
+              "    [1]: object\n"
+              "      errorCode: \"RPT-0042\"\n"
+              "      message: array of 2\n"
+              "        [1]: object\n"
+              "          message: \"The data source <sales> & its replica can't be reached. \"\n"
+              "          nestingLevel: 0\n"
+              "        [2]: object\n"
+              "          message: \"Connection refused.\"\n"
+              "          nestingLevel: 1\n"
+              "      severity: \"error\"\n"
+              "    [2]: object\n"
+              "      message: array of 1\n"
+              "        [1]: object\n"
+              "          message: \"It was tried twice.\"\n"
+              "          nestingLevel: 0\n"
+              "      severity: \"warn\"\n");
+}
+
+TEST(PhpCallsUs, ReadsUndocumentedDetailsOfOurFault) {
+    const PhpClient php("plain-run", failWith([](const Maker& maker, KORVASOAPFault& fault) {
+                            addUndocumentedDetails(maker, fault, sampleDetails());
+                        }));
+    EXPECT_EQ(php.printed(),
+              "fault: SOAP-ENV:Server: It failed.\n"
+              "detail: object\n"
+              "  exception: array of 2\n"
+              "    [1]: object\n"
+              "      severity: \"error\"\n"
+              "      errorCode: \"RPT-0042\"\n"
+              "      message: array of 2\n"
+              "        [1]: object\n"
+              "          messageString: "
+              "\"The data source <sales> & its replica can't be reached. \"\n"
+              "          nestingLevel: \"0\"\n"
+              "        [2]: object\n"
+              "          messageString: \"Connection refused.\"\n"
+              "          nestingLevel: \"1\"\n"
+              "    [2]: object\n"
+              "      severity: \"warn\"\n"
+              "      message: object\n"
+              "        messageString: \"It was tried twice.\"\n"
+              "        nestingLevel: \"0\"\n");
 }
 
 // ----- arrays -----
@@ -383,6 +450,19 @@ TEST(PhpCallsUs, SendsABooleanParameter) {
     EXPECT_TRUE(*request.getImmediately());
 }
 
+TEST(PhpCallsUs, ReadsBooleans) {
+    const PhpClient php("plain-run", [](KORVAPortTypeBinding& call) {
+        for (const bool value : {true, false}) {
+            auto* const option = make<KORVARunOptionBoolean>(registryOf(call));
+            option->setValue(value);
+            resultOf(call).getPrimaryRequest(registryOf(call))->getOptions().push_back(option);
+        }
+    });
+    EXPECT_THAT(php.answer(), HasSubstr("<bus:value xsi:type=\"xs:boolean\">true</bus:value>"));
+    EXPECT_THAT(php.printed(), HasSubstr("value: true\n"));
+    EXPECT_THAT(php.printed(), HasSubstr("value: false\n"));
+}
+
 TEST(PhpCallsUs, SendsIntegersAndDecimals) {
     const PhpClient php("numbers");
     EXPECT_THAT(php.envelope(), HasSubstr("<value xsi:type=\"xsd:decimal\">2.50 </value>"));
@@ -411,6 +491,7 @@ TEST(PhpCallsUs, ReadsIntegersAndDecimalsWithTheirTrailingBlank) {
                                          "            value: \"1.50\"\n"
                                          "          width: object\n"
                                          "            value: \"-0.25\"\n"));
+    EXPECT_THAT(php.answer(), HasSubstr("<bus:value xsi:type=\"xs:decimal\">1.50 </bus:value>"));
     EXPECT_THAT(php.printed(), HasSubstr("      dataSize: 2147483647\n"));
 }
 

@@ -32,6 +32,9 @@ public:
     /// The request of that call as PHP wrote it.
     const std::string& envelope() const { return exchange().envelope; }
 
+    /// The answer to that call as we wrote it.
+    const std::string& answer() const { return exchange().answer; }
+
     /// The number of the message with which it was refused; 0 if it was not.
     unsigned refusal() const { return exchange().refusal; }
 
