@@ -29,7 +29,7 @@ TARNSchemaTypeI::ObjectType TARN_ArrayObject::getObjectType() const {
     return static_cast<ObjectType>(m_type.identity);
 }
 
-std::size_t TARN_ArrayObject::setChildObject(const char* name, void* value, ObjectType type,
+std::size_t TARN_ArrayObject::setChildObject(const char* name, void* value, const ObjectType& type,
                                              std::size_t* index) {
     ZEL_ASSERT(name);
     if (*name == '\0') return 0;

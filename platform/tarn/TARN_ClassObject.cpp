@@ -125,7 +125,7 @@ TARNSchemaTypeI::ObjectType TARN_ClassObject::getObjectType() const {
     return static_cast<ObjectType>(m_type.identity);
 }
 
-std::size_t TARN_ClassObject::setChildObject(const char* name, void* value, ObjectType type,
+std::size_t TARN_ClassObject::setChildObject(const char* name, void* value, const ObjectType& type,
                                              std::size_t*) {
     ZEL_ASSERT(name);
     if (*name == '\0') return 0;

@@ -16,7 +16,7 @@ TARNSchemaTypeI::ObjectType TextObject::getObjectType() const {
     return static_cast<ObjectType>(m_type.identity);
 }
 
-std::size_t TextObject::setChildObject(const char* name, void* value, ObjectType type,
+std::size_t TextObject::setChildObject(const char* name, void* value, const ObjectType& type,
                                        std::size_t*) {
     ZEL_ASSERT(name);
     ZEL_ASSERT(value != NULL);

@@ -14,6 +14,7 @@
 #include <korva/KORVASOAPFault.h>
 #include <korva/KORVASeverityEnum.h>
 #include <korva/KORVAStringArray.h>
+#include <korva/KORVAStringArrayProp.h>
 #include <korva/KORVAStringProp.h>
 #include <korva/KORVATARNObjectDeserializerFactory.h>
 #include <korva/KORVAUndocumentedFaultDetail.h>
@@ -158,6 +159,13 @@ TEST_F(TarnDeserializer, StreamedTextIsReadOutAndStaysStreamed) {
     EXPECT_STREQ(streamable.getData(), "part-1");
     EXPECT_NE(streamable.getData(), id.getData());
     EXPECT_TRUE(streamable.getIsContentId());
+}
+
+TEST_F(TarnDeserializer, StreamedTextInAnArrayIsRefused) {
+    TARNSchemaTypeI& source = tarn.make("stringArrayProp");
+    auto& texts = *static_cast<TARNSchemaTypeI*>(source.getChildObject("value", true));
+    texts.setChildObject("item", &tarn.streamed("text"), TARNSchemaTypeI::eCharStreamable, nullptr);
+    EXPECT_THROW(read<KORVAStringArrayProp>(source), ZELAssertError);
 }
 
 TEST_F(TarnDeserializer, AValueDeclaredAsStreamedTextTakesThePathOfTexts) {

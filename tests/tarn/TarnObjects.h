@@ -103,7 +103,9 @@ public:
         : m_type(type), m_children(std::move(children)) {}
 
     ObjectType getObjectType() const override { return m_type; }
-    std::size_t setChildObject(const char*, void*, ObjectType, std::size_t*) override { return 0; }
+    std::size_t setChildObject(const char*, void*, const ObjectType&, std::size_t*) override {
+        return 0;
+    }
     void* getChildObject(const char* name, bool) override {
         const FreeChild* const child = find(name);
         return child != nullptr ? child->value : nullptr;

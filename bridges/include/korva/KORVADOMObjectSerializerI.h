@@ -19,9 +19,7 @@ public:
     ///
     /// The namespaces are declared on the new element. A failure leaves what was made to the
     /// document, without a place in it.
-    /// @param object as KORVAObjectSerializerI tells for each type. Null is written as such if it
-    /// is
-    ///     an array
+    /// @param object as KORVAObjectSerializerI tells for each type. A null array is written as such
     /// @param type what `object` is; it gives the element's type
     /// @param name the element's qualified name
     /// @throws ZELAssertError `ownerDoc` or `name` is null, or `object` is and no array; `type`

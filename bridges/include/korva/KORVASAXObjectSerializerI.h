@@ -23,14 +23,11 @@ public:
     /// the element may stand inside a larger one. The namespaces are declared on this first element
     /// alone, also among its attributes. There is no white space between elements, and no call of
     /// `characters` for an empty text; a long text comes in several.
-    /// @param object as KORVAObjectSerializerI tells for each type. Null is told of as such if it
-    /// is
-    ///     an array
+    /// @param object as KORVAObjectSerializerI tells for each type. A null array is told of as such
     /// @param type what `object` is; it gives the element's type
     /// @param name the name of the element, without prefix
     /// @throws ZELAssertError `name` is null, or `object` is and no array; `type` cannot be
-    /// written;
-    ///     or an enumeration in the object has no value
+    ///     written; or an enumeration in the object has no value
     /// @throws ZELOutOfMemoryError no memory is left
     /// What the handler throws passes through. A standard exception becomes a ZELStdExceptionError.
     virtual void serialize(const void* object, ObjectType type, const char* name,

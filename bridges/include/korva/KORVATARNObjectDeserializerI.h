@@ -18,10 +18,17 @@ public:
     /// Null children are left out, and so are children that the schema here does not know. Streamed
     /// texts and binaries are read out.
     /// @throws ZELAssertError `object` is null; a type is not known in one of the models, or is the
-    ///     one that the second model reserves
+    ///     one that the second model reserves; a streamed text stands in an array or in an
+    ///     enumeration, which take none here
     /// @throws KORVAException 0xEA45DC29: an enumeration has no such word; 0xEA47C21F: a child does
     ///     not fit
     /// @throws ZELOutOfMemoryError no memory is left
     virtual KORVASchemaTypeI* deserialize(const TARNSchemaTypeI* object,
                                           KORVAObjectRegistryI& registry) = 0;
+
+    KORVATARNObjectDeserializerI(const KORVATARNObjectDeserializerI&) = delete;
+    KORVATARNObjectDeserializerI& operator=(const KORVATARNObjectDeserializerI&) = delete;
+
+protected:
+    KORVATARNObjectDeserializerI() = default;
 };

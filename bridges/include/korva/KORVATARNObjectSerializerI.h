@@ -25,4 +25,10 @@ public:
     /// @throws ZELOutOfMemoryError no memory is left
     virtual TARNSchemaTypeI* serialize(const KORVASchemaTypeI* object,
                                        TARNObjectRegistryI& registry) = 0;
+
+    KORVATARNObjectSerializerI(const KORVATARNObjectSerializerI&) = delete;
+    KORVATARNObjectSerializerI& operator=(const KORVATARNObjectSerializerI&) = delete;
+
+protected:
+    KORVATARNObjectSerializerI() = default;
 };

@@ -59,7 +59,7 @@ public:
     /// @throws TARNTypeError `type` or the object does not fit the child, or the child is an array
     ///     that stands inside the object
     /// @throws ZELOutOfMemoryError no memory is left; the array is unchanged
-    virtual std::size_t setChildObject(const char* name, void* value, ObjectType type,
+    virtual std::size_t setChildObject(const char* name, void* value, const ObjectType& type,
                                        std::size_t* index) = 0;
 
     /// The child called `name`: the stored pointer of an object, text or binary child (null while

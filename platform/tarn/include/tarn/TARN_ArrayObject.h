@@ -14,7 +14,7 @@ public:
     ~TARN_ArrayObject() override;
 
     ObjectType getObjectType() const override;
-    std::size_t setChildObject(const char* name, void* value, ObjectType type,
+    std::size_t setChildObject(const char* name, void* value, const ObjectType& type,
                                std::size_t* index) override;
     void* getChildObject(const char* name, bool forWrite) override;
     ObjectType getChildType(const char* name) const override;
