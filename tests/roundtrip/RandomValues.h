@@ -14,20 +14,28 @@ namespace korva::test {
 /// tell; binary values of all bytes; arrays of none, one or three elements.
 class RandomValues : public FillerValues {
 public:
-    /// What follows depends on `seed` alone.
-    void restart(std::uint32_t seed) { m_engine.seed(seed); }
+    enum Density { eFull, eSparse };
+
+    /// What follows depends on the arguments alone.
+    /// @param density whether every child gets a value, or two in three
+    void restart(std::uint32_t seed, Density density = eFull) {
+        m_engine.seed(seed);
+        m_density = density;
+    }
 
     std::string text(const std::string& place) override;
     std::string bytes(const std::string& place) override;
     int number() override;
     float fraction() override;
     bool flag() override { return choose(2) == 1; }
+    bool leavesOut() override { return m_density == eSparse && choose(3) == 0; }
     std::size_t arraySize() override;
     std::size_t choose(std::size_t count) override { return m_engine() % count; }
     bool takesEmptyEnums() override { return false; }
 
 private:
     std::mt19937 m_engine;
+    Density m_density = eFull;
 };
 
 }  // namespace korva::test

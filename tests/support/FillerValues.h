@@ -17,6 +17,8 @@ public:
     virtual int number() { return ++m_number; }
     virtual float fraction() { return static_cast<float>(++m_number) + 0.5F; }
     virtual bool flag() { return true; }
+    /// Whether the next child of a class stays as it is, without a value.
+    virtual bool leavesOut() { return false; }
     virtual std::size_t arraySize() { return 2; }
     /// One of `count` possibilities: a number below it.
     virtual std::size_t choose(std::size_t /*count*/) { return 0; }

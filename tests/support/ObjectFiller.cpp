@@ -143,7 +143,7 @@ void ObjectFiller::fill(KORVASchemaTypeI& object, int level) {
         case SchemaType::eClass:
             if (level >= m_deepest) break;
             for (const char* const name : childNames(object))
-                setChild(object, name, object.getChildType(name), level);
+                if (!m_values.leavesOut()) setChild(object, name, object.getChildType(name), level);
             break;
     }
 }

@@ -13,7 +13,8 @@ class ZELByteBuffer;
 
 namespace korva::test {
 
-/// Gives every child of an object a value of its own. Whatever it makes belongs to its registry.
+/// Gives every child of an object a value of its own, but for those that the values leave out.
+/// Whatever it makes belongs to its registry.
 class ObjectFiller {
 public:
     /// Classes below the level `deepest` stay empty.

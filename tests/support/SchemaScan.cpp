@@ -165,6 +165,10 @@ std::vector<SchemaField> allFields(const Schema& schema, const std::string& name
     return fields;
 }
 
+bool canBeRoot(const std::string& name, const SchemaType& type) {
+    return type.family != SchemaType::eArray || "bus:" + name == type.element + "Array";
+}
+
 KORVASchemaTypeI::ObjectType identityOf(const std::string& type) {
     const std::string name = withoutPrefix(type);
     if (type.compare(0, 4, "bus:") == 0)

@@ -64,6 +64,10 @@ const Schema& builtSchema();
 /// The fields of all bases, root first, and then those of the type.
 std::vector<SchemaField> allFields(const Schema& schema, const std::string& name);
 
+/// Whether a document can have a type as its root: of arrays it tells the type of the elements
+/// only.
+bool canBeRoot(const std::string& name, const SchemaType& type);
+
 /// The identity that a type of the schema files has: zlib's CRC-32 for "bus:" types.
 KORVASchemaTypeI::ObjectType identityOf(const std::string& type);
 
