@@ -19,20 +19,12 @@ void Record::operator delete(void* p) noexcept {
 }
 
 const FieldDescriptor* ClassDescriptor::find(std::uint32_t crc) const {
-    std::size_t first = 0;
-    std::size_t count = fieldCount;
-    while (count != 0) {
-        const std::size_t half = count / 2;
-        const FieldDescriptor& field = fields[fieldsByCrc[first + half]];
+    for (std::uint32_t i = crc;; ++i) {
+        const std::uint16_t entry = hashes[i & hashMask];
+        if (entry == 0) return nullptr;
+        const FieldDescriptor& field = fields[entry - 1];
         if (field.crc == crc) return &field;
-        if (field.crc < crc) {
-            first += half + 1;
-            count -= half + 1;
-        } else {
-            count = half;
-        }
     }
-    return nullptr;
 }
 
 Record* ClassDescriptor::recordOf(const KORVASchemaTypeI& object) {

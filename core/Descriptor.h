@@ -52,6 +52,9 @@ struct FieldDescriptor {
     FieldKind kind;
 };
 
+/// The hash table of a class without own fields.
+inline constexpr std::uint16_t noHashes[] = {0};
+
 /// One level of a class hierarchy. The fields of the bases stand in the base's descriptor, at the
 /// same offsets of the same record.
 struct ClassDescriptor {
@@ -59,7 +62,8 @@ struct ClassDescriptor {
     ObjectType identity;                ///< CRC-32 of the XML name
     const ClassDescriptor* base;        ///< null at the root
     const FieldDescriptor* fields;      ///< own fields in declared order
-    const std::uint16_t* fieldsByCrc;   ///< positions in `fields`, ascending by CRC
+    const std::uint16_t* hashes;        ///< hash table: positions in `fields` plus one; 0 is free
+    std::uint16_t hashMask;             ///< its entries but one: the bits of a CRC that it looks at
     std::uint16_t fieldCount;           ///< own fields
     std::uint16_t inheritedFieldCount;  ///< fields of all bases
 

@@ -78,10 +78,10 @@ private:
     files.add("include/korva/" + type.className + ".h", printer.take());
 }
 
-std::string fieldsByCrc(const std::vector<Field>& fields) {
+std::string entries(const std::vector<std::size_t>& table) {
     std::vector<std::string> items;
-    for (const std::size_t position : positionsByCrc(fields))
-        items.push_back(std::to_string(position) + ",");
+    for (const std::size_t entry : table)
+        items.push_back(std::to_string(entry) + ",");
     return filled(items, 4);
 }
 
@@ -92,12 +92,12 @@ void printTables(Printer& printer, const Type& type) {
     printFieldRows(printer, type.className + "_PrivateData", type.fields);
     printer.print(R"(
 };
-constexpr std::uint16_t $name$FieldsByCrc[] = {
-    $positions$
+constexpr std::uint16_t $name$Hashes[] = {
+    $entries$
 };
 } // namespace
 )",
-                  {{"name", type.name}, {"positions", fieldsByCrc(type.fields)}});
+                  {{"name", type.name}, {"entries", entries(hashTable(type.fields))}});
 }
 
 void printDescriptor(Printer& printer, const Type& type) {
@@ -110,7 +110,8 @@ constinit const korva::ClassDescriptor korva::descriptors::$class$ = {
     KORVASchemaTypeI::e$class$,
     $base$,
     $fields$,
-    $byCrc$,
+    $hashes$,
+    $mask$,
     $own$,
     $inherited$,
 };
@@ -118,7 +119,8 @@ constinit const korva::ClassDescriptor korva::descriptors::$class$ = {
                   {{"class", type.className},
                    {"base", base},
                    {"fields", none ? "nullptr" : type.name + "Fields"},
-                   {"byCrc", none ? "nullptr" : type.name + "FieldsByCrc"},
+                   {"hashes", none ? "korva::noHashes" : type.name + "Hashes"},
+                   {"mask", std::to_string(hashTable(type.fields).size() - 1)},
                    {"own", std::to_string(type.fields.size())},
                    {"inherited", std::to_string(type.inheritedFields)}});
 }

@@ -57,7 +57,7 @@ public:
     const std::string& types() const { return m_types.text(); }
     const std::string& fields() const { return m_fields.text(); }
     const std::string& names() const { return m_names.text(); }
-    std::string fieldsByCrc() const { return filled(m_fieldsByCrc, 4); }
+    std::string hashes() const { return filled(m_hashes, 4); }
 
     std::string index() const { return topBitsIndex(m_identities, kIndexBits); }
 
@@ -65,13 +65,17 @@ private:
     void printType(const Type& type) {
         const std::string base =
             type.baseType() != nullptr ? number(m_positions.at(type.baseType())) : "noBase";
+        // The table of a type without fields is the one entry in front.
+        const std::vector<std::size_t> table = hashTable(type.fields);
         m_types.print(
-            "{$identity$, $element$, $name$, $first$, $count$, $inherited$, $slots$, $arrays$, "
-            "$base$, TypeKind::$kind$, $abstract$}, // $text$\n",
+            "{$identity$, $element$, $name$, $first$, $hash$, $mask$, $count$, $inherited$, "
+            "$slots$, $arrays$, $base$, TypeKind::$kind$, $abstract$}, // $text$\n",
             {{"identity", decimal(type.identity)},
              {"element", decimal(type.elementObjectType)},
              {"name", number(m_namesSize)},
              {"first", number(m_fieldCount)},
+             {"hash", number(type.fields.empty() ? 0 : m_hashes.size())},
+             {"mask", number(table.size() - 1)},
              {"count", number(type.fields.size())},
              {"inherited", number(type.inheritedFields)},
              {"slots", number(type.slots)},
@@ -83,6 +87,9 @@ private:
         m_names.print("\"$prefix$$name$\\0\"\n", {{"prefix", kPrefix}, {"name", type.name}});
         m_namesSize += kPrefix.size() + type.name.size() + 1;
         printFields(type);
+        if (type.fields.empty()) return;
+        for (const std::size_t entry : table)
+            m_hashes.push_back(number(entry) + ",");
     }
 
     void printFields(const Type& type) {
@@ -94,8 +101,6 @@ private:
                             {"kind", kindOf(field.kind)},
                             {"text", type.name + '.' + field.name}});
         }
-        for (const std::size_t position : positionsByCrc(type.fields))
-            m_fieldsByCrc.push_back(number(position) + ",");
         m_fieldCount += type.fields.size();
     }
 
@@ -106,7 +111,7 @@ private:
     Printer m_names;
     std::size_t m_namesSize = 0;
     std::size_t m_fieldCount = 0;
-    std::vector<std::string> m_fieldsByCrc;
+    std::vector<std::string> m_hashes{"0,"};
 };
 
 }  // namespace
@@ -139,9 +144,8 @@ constinit const FieldRow fields[] = {
     {0, 0, 0, FieldKind::Object}, // not counted
 };
 
-constinit const std::uint16_t fieldsByCrc[] = {
-    $fieldsByCrc$
-    0, // not counted
+constinit const std::uint16_t hashes[] = {
+    $hashes$
 };
 
 constinit const char typeNames[] =
@@ -156,7 +160,7 @@ constinit const char typeNames[] =
                    {"types", tables.types()},
                    {"index", tables.index()},
                    {"fields", tables.fields()},
-                   {"fieldsByCrc", tables.fieldsByCrc()},
+                   {"hashes", tables.hashes()},
                    {"names", tables.names()}});
     files.add("tarn/TARNTypes_gen_.cpp", printer.take());
 }

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <array>
-#include <numeric>
+#include <bit>
 
 namespace korva::schemac::emit {
 
@@ -129,14 +129,15 @@ std::string topBitsIndex(const std::vector<std::int32_t>& identities, unsigned b
     return filled(items, 4);
 }
 
-std::vector<std::size_t> positionsByCrc(const std::vector<model::Field>& fields) {
-    std::vector<std::size_t> positions(fields.size());
-    std::iota(positions.begin(), positions.end(), std::size_t{0});
-    std::sort(positions.begin(), positions.end(), [&](std::size_t left, std::size_t right) {
-        return static_cast<std::uint32_t>(fields[left].identity) <
-               static_cast<std::uint32_t>(fields[right].identity);
-    });
-    return positions;
+std::vector<std::size_t> hashTable(const std::vector<model::Field>& fields) {
+    std::vector<std::size_t> entries(std::bit_ceil(2 * fields.size() + 1));
+    for (std::size_t position = 0; position < fields.size(); ++position) {
+        std::size_t i = static_cast<std::uint32_t>(fields[position].identity);
+        while (entries[i % entries.size()] != 0)
+            ++i;
+        entries[i % entries.size()] = position + 1;
+    }
+    return entries;
 }
 
 std::string internalIncludes(const std::vector<std::string_view>& paths) {

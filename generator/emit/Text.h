@@ -42,8 +42,10 @@ std::string filled(const std::vector<std::string>& items, std::size_t indent);
 /// first position, and behind them the end.
 std::string topBitsIndex(const std::vector<std::int32_t>& identities, unsigned bits);
 
-/// The positions of the fields, by the CRC of their names as unsigned numbers.
-std::vector<std::size_t> positionsByCrc(const std::vector<model::Field>& fields);
+/// A hash table of the fields: a power of two of entries, more than half of them free. A field
+/// stands at the lowest bits of the CRC of its name, or at the next entry that is free, the first
+/// one being next to the last. An entry is the field's position plus one; 0 is free.
+std::vector<std::size_t> hashTable(const std::vector<model::Field>& fields);
 
 /// `#include "path"` lines, in the order given.
 std::string internalIncludes(const std::vector<std::string_view>& paths);

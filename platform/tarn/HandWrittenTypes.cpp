@@ -47,9 +47,9 @@ constexpr FieldRow handFields[] = {
 
 // In the order of the names.
 constexpr TypeRow rows[] = {
-    {detail, 0, 0, 0, 3, 0, 2, 1, noBase, TypeKind::Class, false},
-    {details, detail, 1, 0, 0, 0, 0, 0, noBase, TypeKind::Array, false},
-    {fault, 0, 2, 3, 5, 0, 7, 0, noBase, TypeKind::Class, false},
+    {detail, 0, 0, 0, 0, 0, 3, 0, 2, 1, noBase, TypeKind::Class, false},
+    {details, detail, 1, 0, 0, 0, 0, 0, 0, 0, noBase, TypeKind::Array, false},
+    {fault, 0, 2, 3, 0, 0, 5, 0, 7, 0, noBase, TypeKind::Class, false},
 };
 
 }  // namespace

@@ -17,20 +17,13 @@ const FieldRow* findOwnField(const TypeRow& type, std::uint32_t crc) {
             if (own[i].crc == crc) return own + i;
         return nullptr;
     }
-    const std::uint16_t* first = fieldsByCrc + type.firstField;
-    std::size_t count = type.fieldCount;
-    while (count != 0) {
-        const std::size_t half = count / 2;
-        const FieldRow& field = own[first[half]];
+    const std::uint16_t* const table = hashes + type.firstHash;
+    for (std::uint32_t i = crc;; ++i) {
+        const std::uint16_t entry = table[i & type.hashMask];
+        if (entry == 0) return nullptr;
+        const FieldRow& field = own[entry - 1];
         if (field.crc == crc) return &field;
-        if (field.crc < crc) {
-            first += half + 1;
-            count -= half + 1;
-        } else {
-            count = half;
-        }
     }
-    return nullptr;
 }
 
 }  // namespace

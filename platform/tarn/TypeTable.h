@@ -43,7 +43,9 @@ struct TypeRow {
     std::int32_t identity;         ///< CRC-32 of the name
     std::int32_t elementType;      ///< of an array's elements, otherwise 0
     std::uint32_t name;            ///< of the XSI text in `typeNames`
-    std::uint16_t firstField;      ///< of the own fields in `fields` and `fieldsByCrc`
+    std::uint16_t firstField;      ///< of the own fields in `fields`
+    std::uint16_t firstHash;       ///< of their hash table in `hashes`
+    std::uint16_t hashMask;        ///< its entries but one: the bits of a CRC that it looks at
     std::uint16_t fieldCount;      ///< own fields, in declared order
     std::uint16_t inheritedCount;  ///< fields of all bases
     std::uint16_t slotCount;       ///< of an object, with those for the fields of its bases
@@ -60,8 +62,9 @@ extern const TypeRow types[];  ///< ascending by identity as unsigned number
 /// The first position for each value of the top bits, and the end.
 extern const std::uint16_t typeIndex[(1U << typeIndexBits) + 1];
 extern const FieldRow fields[];
-extern const std::uint16_t fieldsByCrc[];  ///< of each type: positions ascending by CRC
-extern const char typeNames[];             ///< "bus:schedule", NUL; repeated
+/// Of each type: positions of own fields plus one; 0 is free.
+extern const std::uint16_t hashes[];
+extern const char typeNames[];  ///< "bus:schedule", NUL; repeated
 
 /// The row of a type, generated or written by hand, or null.
 const TypeRow* findType(ObjectType type);

@@ -77,8 +77,9 @@ constexpr korva::FieldDescriptor accountFields[] = {
      offsetof(KORVAAccount_PrivateData, wake),
      0, korva::FieldKind::Text},
 };
-constexpr std::uint16_t accountFieldsByCrc[] = {
-    0, 7, 5, 13, 12, 2, 1, 8, 11, 6, 9, 4, 3, 10,
+constexpr std::uint16_t accountHashes[] = {
+    5, 0, 2, 3, 0, 0, 12, 13, 0, 6, 8, 0, 0, 9, 0, 0, 7, 0, 0, 0, 1, 14, 0, 0, 0, 10, 11, 0, 0, 0,
+    0, 4,
 };
 } // namespace
 constinit const korva::ClassDescriptor korva::descriptors::KORVAAccount = {
@@ -86,7 +87,8 @@ constinit const korva::ClassDescriptor korva::descriptors::KORVAAccount = {
     KORVASchemaTypeI::eKORVAAccount,
     &korva::descriptors::KORVAFolder,
     accountFields,
-    accountFieldsByCrc,
+    accountHashes,
+    31,
     14,
     2,
 };

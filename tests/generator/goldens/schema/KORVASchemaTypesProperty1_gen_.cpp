@@ -23,8 +23,8 @@ constexpr korva::FieldDescriptor stringArrayPropFields[] = {
      offsetof(KORVAStringArrayProp_PrivateData, value),
      0, korva::FieldKind::EmbeddedArray},
 };
-constexpr std::uint16_t stringArrayPropFieldsByCrc[] = {
-    0,
+constexpr std::uint16_t stringArrayPropHashes[] = {
+    1, 0, 0, 0,
 };
 } // namespace
 constinit const korva::ClassDescriptor korva::descriptors::KORVAStringArrayProp = {
@@ -32,7 +32,8 @@ constinit const korva::ClassDescriptor korva::descriptors::KORVAStringArrayProp 
     KORVASchemaTypeI::eKORVAStringArrayProp,
     &korva::descriptors::KORVABaseProp,
     stringArrayPropFields,
-    stringArrayPropFieldsByCrc,
+    stringArrayPropHashes,
+    3,
     1,
     1,
 };

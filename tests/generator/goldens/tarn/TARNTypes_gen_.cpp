@@ -10,21 +10,21 @@ namespace tarn {
 static_assert(typeIndexBits == 10, "run korva-schemac again");
 
 constinit const TypeRow types[] = {
-    {459092172, 0, 0, 0, 0, 0, 0, 0, noBase, TypeKind::Class, false}, // schemaInfo
-    {594803126, 2100713124, 15, 0, 0, 0, 0, 0, noBase, TypeKind::Array, false}, // accountSet
-    {676400484, 0, 30, 0, 1, 0, 1, 0, noBase, TypeKind::Class, true}, // baseProp
-    {685906223, 0, 43, 1, 1, 1, 1, 1, 2, TypeKind::Property, false}, // stringArrayProp
-    {728747954, 0, 63, 2, 0, 0, 0, 0, noBase, TypeKind::RestrictedString, false}, // guid
-    {2100713124, 0, 72, 2, 14, 2, 14, 2, 13, TypeKind::Class, false}, // account
-    {-2086189760, 0, 84, 16, 0, 0, 0, 0, noBase, TypeKind::Enum, false}, // accessEnum
-    {-1971073333, 1, 99, 16, 0, 0, 0, 0, noBase, TypeKind::Array, false}, // stringArray
-    {-1810617520, 0, 115, 16, 1, 1, 2, 0, 2, TypeKind::Property, false}, // stringProp
-    {-1317325310, 2100713124, 130, 17, 0, 0, 0, 0, noBase, TypeKind::Array, false}, // accountArray
-    {-964715451, 3, 147, 17, 0, 0, 0, 0, noBase, TypeKind::Array, false}, // integerArray
-    {-940520895, 7, 164, 17, 0, 0, 0, 0, noBase, TypeKind::Array, false}, // booleanArray
-    {-406026128, 0, 181, 17, 2, 0, 2, 0, noBase, TypeKind::Class, true}, // baseClass
-    {-324924979, 0, 195, 19, 0, 2, 2, 0, 12, TypeKind::Class, false}, // folder
-    {-224870332, 0, 206, 19, 0, 0, 0, 0, noBase, TypeKind::Enum, false}, // unknownEnum
+    {459092172, 0, 0, 0, 0, 0, 0, 0, 0, 0, noBase, TypeKind::Class, false}, // schemaInfo
+    {594803126, 2100713124, 15, 0, 0, 0, 0, 0, 0, 0, noBase, TypeKind::Array, false}, // accountSet
+    {676400484, 0, 30, 0, 1, 3, 1, 0, 1, 0, noBase, TypeKind::Class, true}, // baseProp
+    {685906223, 0, 43, 1, 5, 3, 1, 1, 1, 1, 2, TypeKind::Property, false}, // stringArrayProp
+    {728747954, 0, 63, 2, 0, 0, 0, 0, 0, 0, noBase, TypeKind::RestrictedString, false}, // guid
+    {2100713124, 0, 72, 2, 9, 31, 14, 2, 14, 2, 13, TypeKind::Class, false}, // account
+    {-2086189760, 0, 84, 16, 0, 0, 0, 0, 0, 0, noBase, TypeKind::Enum, false}, // accessEnum
+    {-1971073333, 1, 99, 16, 0, 0, 0, 0, 0, 0, noBase, TypeKind::Array, false}, // stringArray
+    {-1810617520, 0, 115, 16, 41, 3, 1, 1, 2, 0, 2, TypeKind::Property, false}, // stringProp
+    {-1317325310, 2100713124, 130, 17, 0, 0, 0, 0, 0, 0, noBase, TypeKind::Array, false}, // accountArray
+    {-964715451, 3, 147, 17, 0, 0, 0, 0, 0, 0, noBase, TypeKind::Array, false}, // integerArray
+    {-940520895, 7, 164, 17, 0, 0, 0, 0, 0, 0, noBase, TypeKind::Array, false}, // booleanArray
+    {-406026128, 0, 181, 17, 45, 7, 2, 0, 2, 0, noBase, TypeKind::Class, true}, // baseClass
+    {-324924979, 0, 195, 19, 0, 0, 0, 2, 2, 0, 12, TypeKind::Class, false}, // folder
+    {-224870332, 0, 206, 19, 0, 0, 0, 0, 0, 0, noBase, TypeKind::Enum, false}, // unknownEnum
 };
 
 constinit const std::uint16_t typeIndex[] = {
@@ -89,9 +89,9 @@ constinit const FieldRow fields[] = {
     {0, 0, 0, FieldKind::Object}, // not counted
 };
 
-constinit const std::uint16_t fieldsByCrc[] = {
-    0, 0, 0, 7, 5, 13, 12, 2, 1, 8, 11, 6, 9, 4, 3, 10, 0, 0, 1,
-    0, // not counted
+constinit const std::uint16_t hashes[] = {
+    0, 1, 0, 0, 0, 1, 0, 0, 0, 5, 0, 2, 3, 0, 0, 12, 13, 0, 6, 8, 0, 0, 9, 0, 0, 7, 0, 0, 0, 1, 14,
+    0, 0, 0, 10, 11, 0, 0, 0, 0, 4, 1, 0, 0, 0, 0, 0, 0, 0, 2, 0, 1, 0,
 };
 
 constinit const char typeNames[] =
