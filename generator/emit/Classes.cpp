@@ -80,6 +80,7 @@ private:
 
 std::string entries(const std::vector<std::size_t>& table) {
     std::vector<std::string> items;
+    items.reserve(table.size());
     for (const std::size_t entry : table)
         items.push_back(std::to_string(entry) + ",");
     return filled(items, 4);
