@@ -1,6 +1,7 @@
-#include "soap/Utf16.h"
+#include "korva/KORVADOMObjectDeserializer.h"
 
-#include <korva/KORVADOMObjectDeserializer.h>
+#include "soap/read/Utf16.h"
+
 #include <korva/KORVADOMToSAXAttributesImpl.h>
 #include <korva/KORVANamespaceMapping.h>
 #include <korva/KORVAObjectRegistryFactory.h>

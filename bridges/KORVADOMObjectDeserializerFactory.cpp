@@ -1,5 +1,6 @@
+#include "korva/KORVADOMObjectDeserializerFactory.h"
+
 #include <korva/KORVADOMObjectDeserializer.h>
-#include <korva/KORVADOMObjectDeserializerFactory.h>
 #include <zel/ZELFrame.h>
 
 constinit KORVADOMObjectDeserializerFactory KORVADOMObjectDeserializerFactory::g_instance;

@@ -1,12 +1,13 @@
+#include "korva/KORVADOMObjectSerializer.h"
+
 #include "bridges/ElementReceiver.h"
 #include "bridges/EventAttributes.h"
 #include "bridges/FixedTexts.h"
 #include "bridges/RootValue.h"
 #include "bridges/WideSink.h"
-#include "soap/ObjectEvents.h"
+#include "soap/write/ObjectEvents.h"
 
 #include <i18n/KORVAI18NRes.h>
-#include <korva/KORVADOMObjectSerializer.h>
 #include <zel/I18NString.h>
 #include <zel/ZELAssert.h>
 #include <zel/ZELFrame.h>

@@ -1,5 +1,6 @@
+#include "korva/KORVADOMObjectSerializerFactory.h"
+
 #include <korva/KORVADOMObjectSerializer.h>
-#include <korva/KORVADOMObjectSerializerFactory.h>
 #include <zel/ZELFrame.h>
 
 constinit KORVADOMObjectSerializerFactory KORVADOMObjectSerializerFactory::g_instance;

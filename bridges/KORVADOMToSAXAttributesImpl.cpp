@@ -1,6 +1,7 @@
+#include "korva/KORVADOMToSAXAttributesImpl.h"
+
 #include "bridges/AttributeSearch.h"
 
-#include <korva/KORVADOMToSAXAttributesImpl.h>
 #include <zel/ZELAssert.h>
 
 using korva::findAttribute;

@@ -1,11 +1,12 @@
+#include "korva/KORVASAXObjectSerializer.h"
+
 #include "bridges/ElementReceiver.h"
 #include "bridges/EventAttributes.h"
 #include "bridges/FixedTexts.h"
 #include "bridges/RootValue.h"
 #include "bridges/WideSink.h"
-#include "soap/ObjectEvents.h"
+#include "soap/write/ObjectEvents.h"
 
-#include <korva/KORVASAXObjectSerializer.h>
 #include <zel/ZELAssert.h>
 #include <zel/ZELFrame.h>
 

@@ -1,5 +1,6 @@
+#include "korva/KORVASAXObjectSerializerFactory.h"
+
 #include <korva/KORVASAXObjectSerializer.h>
-#include <korva/KORVASAXObjectSerializerFactory.h>
 #include <zel/ZELFrame.h>
 
 constinit KORVASAXObjectSerializerFactory KORVASAXObjectSerializerFactory::g_instance;

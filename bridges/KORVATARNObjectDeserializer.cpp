@@ -1,6 +1,7 @@
+#include "korva/KORVATARNObjectDeserializer.h"
+
 #include "bridges/ObjectConversion.h"
 
-#include <korva/KORVATARNObjectDeserializer.h>
 #include <zel/ZELFrame.h>
 
 namespace {

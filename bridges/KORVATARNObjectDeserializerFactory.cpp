@@ -1,5 +1,6 @@
+#include "korva/KORVATARNObjectDeserializerFactory.h"
+
 #include <korva/KORVATARNObjectDeserializer.h>
-#include <korva/KORVATARNObjectDeserializerFactory.h>
 #include <zel/ZELFrame.h>
 
 constinit KORVATARNObjectDeserializerFactory KORVATARNObjectDeserializerFactory::g_instance;

@@ -1,6 +1,7 @@
+#include "korva/KORVATARNObjectSerializer.h"
+
 #include "bridges/ObjectConversion.h"
 
-#include <korva/KORVATARNObjectSerializer.h>
 #include <zel/ZELFrame.h>
 
 namespace {

@@ -1,5 +1,6 @@
+#include "korva/KORVATARNObjectSerializerFactory.h"
+
 #include <korva/KORVATARNObjectSerializer.h>
-#include <korva/KORVATARNObjectSerializerFactory.h>
 #include <zel/ZELFrame.h>
 
 constinit KORVATARNObjectSerializerFactory KORVATARNObjectSerializerFactory::g_instance;

@@ -1,5 +1,6 @@
+#include "korva/KORVATARNSupport.h"
+
 #include <korva/KORVASchemaTypesFactory.h>
-#include <korva/KORVATARNSupport.h>
 #include <tarn/TARNSchemaTypesFactory.h>
 #include <zel/ZELAssert.h>
 

@@ -3,7 +3,7 @@
 
 #include "bridges/CharacterStream.h"
 #include "bridges/EventAttributes.h"
-#include "soap/ObjectEvents.h"
+#include "soap/write/ObjectEvents.h"
 
 #include <cstddef>
 #include <string>

@@ -1,5 +1,6 @@
+#include "korva/KORVAException.h"
+
 #include <i18n/KORVAMessageCatalogue.h>
-#include <korva/KORVAException.h>
 #include <zel/ZELFrame.h>
 #include <zel/ZELMessage.h>
 

@@ -1,5 +1,6 @@
+#include "korva/KORVAObjectRegistry.h"
+
 #include <brim/BRIMOutputStream.h>
-#include <korva/KORVAObjectRegistry.h>
 #include <korva/KORVASchemaTypeI.h>
 #include <korva/KORVAXSBase64Binary.h>
 #include <korva/KORVA_AttachmentContainerI.h>

@@ -1,5 +1,6 @@
+#include "korva/KORVAObjectRegistryFactory.h"
+
 #include <korva/KORVAObjectRegistry.h>
-#include <korva/KORVAObjectRegistryFactory.h>
 
 constinit KORVAObjectRegistryFactory KORVAObjectRegistryFactory::g_instance;
 

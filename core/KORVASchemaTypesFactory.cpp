@@ -1,3 +1,5 @@
+#include "korva/KORVASchemaTypesFactory.h"
+
 #include "core/Descriptor.h"
 #include "core/Names.h"
 #include "core/NumberedError.h"
@@ -5,7 +7,6 @@
 
 #include <korva/KORVAObjectRegistryI.h>
 #include <korva/KORVASchemaTypeArrayI.h>
-#include <korva/KORVASchemaTypesFactory.h>
 #include <zel/ZELAssert.h>
 #include <zel/ZELFrame.h>
 

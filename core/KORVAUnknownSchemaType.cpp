@@ -1,4 +1,5 @@
-#include <korva/KORVAUnknownSchemaType.h>
+#include "korva/KORVAUnknownSchemaType.h"
+
 #include <zel/ZELFrame.h>
 
 KORVAUnknownSchemaType::KORVAUnknownSchemaType() = default;

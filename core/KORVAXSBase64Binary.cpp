@@ -1,6 +1,7 @@
+#include "korva/KORVAXSBase64Binary.h"
+
 #include <brim/BRIMBase64OutputStream.h>
 #include <brim/BRIMOutputStream.h>
-#include <korva/KORVAXSBase64Binary.h>
 #include <korva/KORVA_Streamable.h>
 #include <zel/ZELAssert.h>
 #include <zel/ZELFrame.h>

@@ -1,6 +1,7 @@
+#include "korva/KORVAXSBase64Compressed.h"
+
 #include <brim/BRIMBase64OutputStream.h>
 #include <brim/BRIMGZIPInputStream.h>
-#include <korva/KORVAXSBase64Compressed.h>
 #include <korva/KORVA_Streamable.h>
 #include <zel/ZELFrame.h>
 

@@ -1,5 +1,6 @@
+#include "korva/KORVAZELMessage.h"
+
 #include <i18n/KORVAI18NRes.h>
-#include <korva/KORVAZELMessage.h>
 
 namespace {
 // The text that names this library's message catalogue.

@@ -1,3 +1,5 @@
+#include "korva/KORVA_ArrayObject.h"
+
 #include "core/Fields.h"
 #include "core/Names.h"
 #include "core/ObjectComparison.h"
@@ -5,7 +7,6 @@
 
 #include <korva/KORVAChildIndex.h>
 #include <korva/KORVASchemaTypesFactory.h>
-#include <korva/KORVA_ArrayObject.h>
 #include <korva/KORVA_TypedArray.h>
 #include <zel/ZELAssert.h>
 #include <zel/ZELByteBuffer.h>

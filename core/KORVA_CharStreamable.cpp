@@ -1,6 +1,7 @@
+#include "korva/KORVA_CharStreamable.h"
+
 #include <brim/BRIMBase64OutputStream.h>
 #include <brim/BRIMOutputStream.h>
-#include <korva/KORVA_CharStreamable.h>
 #include <korva/KORVA_Streamable.h>
 #include <zel/ZELAssert.h>
 #include <zel/ZELFrame.h>

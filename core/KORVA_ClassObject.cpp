@@ -1,9 +1,10 @@
+#include "korva/KORVA_ClassObject.h"
+
 #include "core/Fields.h"
 #include "core/Names.h"
 #include "core/ObjectComparison.h"
 
 #include <korva/KORVASchemaTypesFactory.h>
-#include <korva/KORVA_ClassObject.h>
 #include <tarn/tarnsymbols1.h>
 #include <zel/ZELAssert.h>
 #include <zel/ZELByteBuffer.h>

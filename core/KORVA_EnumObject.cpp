@@ -1,3 +1,5 @@
+#include "korva/KORVA_EnumObject.h"
+
 #include "core/EnumWords.h"
 #include "core/Names.h"
 
@@ -5,7 +7,6 @@
 #include <korva/KORVAException.h>
 #include <korva/KORVASchemaTypesFactory.h>
 #include <korva/KORVAZELMessage.h>
-#include <korva/KORVA_EnumObject.h>
 #include <zel/I18NString.h>
 #include <zel/ZELAssert.h>
 #include <zel/ZELByteBuffer.h>

@@ -1,8 +1,9 @@
+#include "korva/KORVA_RestrictedString.h"
+
 #include "core/Names.h"
 #include "core/TextValue.h"
 
 #include <korva/KORVASchemaTypesFactory.h>
-#include <korva/KORVA_RestrictedString.h>
 #include <zel/ZELAssert.h>
 #include <zel/ZELByteBuffer.h>
 #include <zel/ZELFrame.h>

@@ -1,5 +1,6 @@
+#include "korva/KORVA_Streamable.h"
+
 #include <korva/KORVA_AttachmentContainerI.h>
-#include <korva/KORVA_Streamable.h>
 
 // Out of line, so that each interface's table of virtual operations has one home.
 KORVA_Streamable::~KORVA_Streamable() = default;

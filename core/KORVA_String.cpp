@@ -1,5 +1,6 @@
+#include "korva/KORVA_String.h"
+
 #include <korva/KORVA_RefCount_ConstChar.h>
-#include <korva/KORVA_String.h>
 #include <zel/ZELAssert.h>
 
 namespace {

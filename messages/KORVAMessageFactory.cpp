@@ -1,6 +1,7 @@
+#include "korva/KORVAMessageFactory.h"
+
 #include "messages/MessageDescriptor.h"
 
-#include <korva/KORVAMessageFactory.h>
 #include <zel/ZELAssert.h>
 #include <zel/ZELFrame.h>
 

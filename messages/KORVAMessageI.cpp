@@ -1,7 +1,8 @@
+#include "korva/KORVAMessageI.h"
+
 #include "core/ObjectCreation.h"
 
 #include <korva/KORVAHalyardHeader.h>
-#include <korva/KORVAMessageI.h>
 #include <korva/KORVAObjectRegistryFactory.h>
 
 KORVAMessageI::KORVAMessageI() noexcept : m_halyardHeader(nullptr) {}

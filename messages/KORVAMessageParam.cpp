@@ -1,4 +1,5 @@
-#include <korva/KORVAMessageParam.h>
+#include "korva/KORVAMessageParam.h"
+
 #include <zel/ZELAssert.h>
 #include <zel/ZELFrame.h>
 

@@ -1,4 +1,5 @@
-#include <korva/KORVAPortTypeBinding.h>
+#include "korva/KORVAPortTypeBinding.h"
+
 #include <zel/ZELAssert.h>
 #include <zel/ZELFrame.h>
 

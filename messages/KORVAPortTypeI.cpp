@@ -1,3 +1,3 @@
-#include <korva/KORVAPortTypeI.h>
+#include "korva/KORVAPortTypeI.h"
 
 KORVAPortTypeI::~KORVAPortTypeI() = default;

@@ -1,9 +1,10 @@
+#include "korva/KORVA_MessageObject.h"
+
 #include "core/Fields.h"
 #include "core/Names.h"
 #include "messages/MessageDescriptor.h"
 
 #include <korva/KORVASchemaTypesFactory.h>
-#include <korva/KORVA_MessageObject.h>
 #include <tarn/tarnsymbols1.h>
 #include <zel/ZELAssert.h>
 #include <zel/ZELByteBuffer.h>

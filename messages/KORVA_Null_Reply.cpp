@@ -1,6 +1,7 @@
+#include "korva/KORVA_Null_Reply.h"
+
 #include "core/NumberedError.h"
 
-#include <korva/KORVA_Null_Reply.h>
 #include <zel/ZELAssert.h>
 
 KORVA_Null_Reply::KORVA_Null_Reply() = default;

@@ -1,6 +1,7 @@
+#include "korva/KORVA_Null_Request.h"
+
 #include "core/NumberedError.h"
 
-#include <korva/KORVA_Null_Request.h>
 #include <zel/ZELAssert.h>
 
 KORVA_Null_Request::KORVA_Null_Request() = default;

@@ -1,10 +1,11 @@
+#include "korva/KORVA_PortType.h"
+
 #include "core/NumberedError.h"
 #include "messages/MessageDescriptor.h"
 
 #include <korva/KORVAMessageParam.h>
 #include <korva/KORVAPortTypeBinding.h>
 #include <korva/KORVASchemaTypesFactory.h>
-#include <korva/KORVA_PortType.h>
 #include <zel/ZELAssert.h>
 #include <zel/ZELFrame.h>
 #include <zel/ZELSmartPointer.h>

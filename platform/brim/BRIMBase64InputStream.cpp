@@ -1,6 +1,7 @@
+#include "brim/BRIMBase64InputStream.h"
+
 #include "platform/brim/Base64.h"
 
-#include <brim/BRIMBase64InputStream.h>
 #include <brim/BRIMStreamError.h>
 #include <zel/ZELFrame.h>
 #include <zel/ZELThrow.h>

@@ -1,6 +1,7 @@
+#include "brim/BRIMBase64OutputStream.h"
+
 #include "platform/brim/Base64.h"
 
-#include <brim/BRIMBase64OutputStream.h>
 #include <zel/ZELAssert.h>
 
 #include <algorithm>

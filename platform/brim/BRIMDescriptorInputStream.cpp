@@ -1,7 +1,7 @@
+#include "brim/BRIMDescriptorInputStream.h"
+
 #include "platform/brim/Descriptor.h"
 #include "platform/brim/SystemError.h"
-
-#include <brim/BRIMDescriptorInputStream.h>
 
 #include <cerrno>
 

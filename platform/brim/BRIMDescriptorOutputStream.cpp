@@ -1,7 +1,8 @@
+#include "brim/BRIMDescriptorOutputStream.h"
+
 #include "platform/brim/Descriptor.h"
 #include "platform/brim/SystemError.h"
 
-#include <brim/BRIMDescriptorOutputStream.h>
 #include <zel/ZELAssert.h>
 
 #include <cerrno>

@@ -1,7 +1,7 @@
+#include "brim/BRIMFileInputStream.h"
+
 #include "platform/brim/OpenFile.h"
 #include "platform/brim/SystemError.h"
-
-#include <brim/BRIMFileInputStream.h>
 
 #include <cerrno>
 

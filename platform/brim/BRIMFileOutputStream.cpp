@@ -1,7 +1,8 @@
+#include "brim/BRIMFileOutputStream.h"
+
 #include "platform/brim/OpenFile.h"
 #include "platform/brim/SystemError.h"
 
-#include <brim/BRIMFileOutputStream.h>
 #include <zel/ZELAssert.h>
 
 #include <cerrno>

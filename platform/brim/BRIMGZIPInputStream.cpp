@@ -1,6 +1,7 @@
+#include "brim/BRIMGZIPInputStream.h"
+
 #include "platform/brim/ZlibMemory.h"
 
-#include <brim/BRIMGZIPInputStream.h>
 #include <brim/BRIMStreamError.h>
 #include <zel/ZELFrame.h>
 #include <zel/ZELOutOfMemoryError.h>

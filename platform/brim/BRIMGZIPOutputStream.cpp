@@ -1,6 +1,7 @@
+#include "brim/BRIMGZIPOutputStream.h"
+
 #include "platform/brim/ZlibMemory.h"
 
-#include <brim/BRIMGZIPOutputStream.h>
 #include <zel/ZELAssert.h>
 #include <zel/ZELFrame.h>
 

@@ -1,3 +1,3 @@
-#include <brim/BRIMInputStream.h>
+#include "brim/BRIMInputStream.h"
 
 BRIMInputStream::~BRIMInputStream() = default;

@@ -1,4 +1,4 @@
-#include <brim/BRIMMemoryInputStream.h>
+#include "brim/BRIMMemoryInputStream.h"
 
 #include <algorithm>
 #include <cstring>

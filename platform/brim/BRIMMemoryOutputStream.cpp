@@ -1,4 +1,4 @@
-#include <brim/BRIMMemoryOutputStream.h>
+#include "brim/BRIMMemoryOutputStream.h"
 
 BRIMMemoryOutputStream::BRIMMemoryOutputStream(std::size_t size) noexcept
     : m_buffer(ZELByteBuffer::eGrowGeometric, size) {}

@@ -1,4 +1,4 @@
-#include <brim/BRIMOutputStream.h>
+#include "brim/BRIMOutputStream.h"
 
 BRIMOutputStream::~BRIMOutputStream() = default;
 

@@ -1,4 +1,5 @@
-#include <brim/BRIMStreamError.h>
+#include "brim/BRIMStreamError.h"
+
 #include <zel/ZELFrame.h>
 
 BRIMStreamError::BRIMStreamError(const char* text) noexcept : ZELException(text) {}

@@ -1,5 +1,6 @@
+#include "brim/BRIMStreamInputSource.h"
+
 #include <brim/BRIMInputStream.h>
-#include <brim/BRIMStreamInputSource.h>
 
 #include <xercesc/util/BinInputStream.hpp>
 

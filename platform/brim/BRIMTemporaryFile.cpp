@@ -1,7 +1,7 @@
+#include "brim/BRIMTemporaryFile.h"
+
 #include "platform/brim/Descriptor.h"
 #include "platform/brim/SystemError.h"
-
-#include <brim/BRIMTemporaryFile.h>
 
 #include <cerrno>
 

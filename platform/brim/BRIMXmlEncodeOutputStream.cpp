@@ -1,4 +1,4 @@
-#include <brim/BRIMXmlEncodeOutputStream.h>
+#include "brim/BRIMXmlEncodeOutputStream.h"
 
 #include <algorithm>
 #include <array>

@@ -1,4 +1,4 @@
-#include <i18n/KORVAI18NRes.h>
+#include "i18n/KORVAI18NRes.h"
 
 #include <array>
 

@@ -1,4 +1,4 @@
-#include <i18n/KORVAMessageCatalogue.h>
+#include "i18n/KORVAMessageCatalogue.h"
 
 // Two messages with one number are two equal cases, which doesn't compile.
 const char* KORVAMessageCatalogue::find(std::uint32_t id) noexcept {

@@ -1,4 +1,5 @@
-#include <tarn/TARNBase64Binary.h>
+#include "tarn/TARNBase64Binary.h"
+
 #include <zel/ZELAssert.h>
 
 #include <cstring>

@@ -1,6 +1,7 @@
+#include "tarn/TARNObjectRegistry.h"
+
 #include <brim/BRIMOutputStream.h>
 #include <tarn/TARNBase64Binary.h>
-#include <tarn/TARNObjectRegistry.h>
 #include <tarn/TARNSchemaTypeI.h>
 #include <tarn/TARN_CharStreamable.h>
 #include <tarn/TARN_String.h>

@@ -1,4 +1,5 @@
-#include <tarn/TARNSOAPFault.h>
+#include "tarn/TARNSOAPFault.h"
+
 #include <tarn/TARNUndocumentedFaultDetailArray.h>
 
 TARNSOAPFault::~TARNSOAPFault() = default;

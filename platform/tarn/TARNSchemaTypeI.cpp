@@ -1,6 +1,7 @@
+#include "tarn/TARNSchemaTypeI.h"
+
 #include <tarn/TARNBase64Binary.h>
 #include <tarn/TARNSOAPFault.h>
-#include <tarn/TARNSchemaTypeI.h>
 #include <tarn/TARNSchemaTypesFactory.h>
 #include <tarn/TARN_CharStreamable.h>
 #include <zel/ZELFrame.h>

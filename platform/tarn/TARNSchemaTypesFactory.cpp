@@ -1,8 +1,9 @@
+#include "tarn/TARNSchemaTypesFactory.h"
+
 #include "tarn/TextObject.h"
 #include "tarn/TypeErrors.h"
 #include "tarn/TypeTable.h"
 
-#include <tarn/TARNSchemaTypesFactory.h>
 #include <tarn/TARN_ArrayObject.h>
 #include <tarn/TARN_ClassObject.h>
 #include <zel/ZELFrame.h>

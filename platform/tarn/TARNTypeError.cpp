@@ -1,4 +1,5 @@
-#include <tarn/TARNTypeError.h>
+#include "tarn/TARNTypeError.h"
+
 #include <zel/ZELFrame.h>
 
 TARNTypeError::TARNTypeError(const char* text) noexcept : ZELException(text) {}

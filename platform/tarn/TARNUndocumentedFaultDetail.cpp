@@ -1,4 +1,4 @@
-#include <tarn/TARNUndocumentedFaultDetail.h>
+#include "tarn/TARNUndocumentedFaultDetail.h"
 
 TARNUndocumentedFaultDetail::~TARNUndocumentedFaultDetail() = default;
 

@@ -1,5 +1,6 @@
+#include "tarn/TARNUndocumentedFaultDetailArray.h"
+
 #include <tarn/TARNUndocumentedFaultDetail.h>
-#include <tarn/TARNUndocumentedFaultDetailArray.h>
 #include <zel/ZELFrame.h>
 
 #include <stdexcept>

@@ -1,10 +1,11 @@
+#include "tarn/TARN_ArrayObject.h"
+
 #include "tarn/Slot.h"
 #include "tarn/TypeErrors.h"
 #include "tarn/TypeTable.h"
 
 #include <tarn/TARNSchemaTypesFactory.h>
 #include <tarn/TARNUndocumentedFaultDetailArray.h>
-#include <tarn/TARN_ArrayObject.h>
 #include <zel/ZELAssert.h>
 #include <zel/ZELFrame.h>
 

@@ -1,6 +1,7 @@
+#include "tarn/TARN_CharStreamable.h"
+
 #include <brim/BRIMBase64OutputStream.h>
 #include <brim/BRIMOutputStream.h>
-#include <tarn/TARN_CharStreamable.h>
 #include <tarn/TARN_Streamable.h>
 #include <zel/ZELAssert.h>
 #include <zel/ZELFrame.h>

@@ -1,3 +1,5 @@
+#include "tarn/TARN_ClassObject.h"
+
 #include "tarn/HandWrittenTypes.h"
 #include "tarn/Slot.h"
 #include "tarn/TypeErrors.h"
@@ -7,7 +9,6 @@
 #include <tarn/TARNSchemaTypesFactory.h>
 #include <tarn/TARNUndocumentedFaultDetail.h>
 #include <tarn/TARN_ArrayObject.h>
-#include <tarn/TARN_ClassObject.h>
 #include <zel/ZELAssert.h>
 #include <zel/ZELFrame.h>
 

@@ -1,4 +1,4 @@
-#include <tarn/TARN_String.h>
+#include "tarn/TARN_String.h"
 
 TARN_String::TARN_String() = default;
 TARN_String::~TARN_String() = default;

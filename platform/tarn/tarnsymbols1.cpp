@@ -1,6 +1,6 @@
-#include "tarn/SymbolTable.h"
+#include "tarn/tarnsymbols1.h"
 
-#include <tarn/tarnsymbols1.h>
+#include "tarn/SymbolTable.h"
 
 #include <functional>
 

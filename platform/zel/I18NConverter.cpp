@@ -1,6 +1,7 @@
+#include "zel/I18NConverter.h"
+
 #include "platform/zel/Utf.h"
 
-#include <zel/I18NConverter.h>
 #include <zel/ZELByteBuffer.h>
 #include <zel/ZELFrame.h>
 

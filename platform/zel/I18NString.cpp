@@ -1,7 +1,8 @@
+#include "zel/I18NString.h"
+
 #include "platform/zel/Utf.h"
 
 #include <zel/I18NConverter.h>
-#include <zel/I18NString.h>
 #include <zel/ZELFrame.h>
 
 using namespace zel::utf;

@@ -1,5 +1,6 @@
+#include "zel/ZELAssertError.h"
+
 #include <zel/ZELAssert.h>
-#include <zel/ZELAssertError.h>
 #include <zel/ZELFrame.h>
 
 ZELAssertError::ZELAssertError(ZELSeverity severity, int errorCode, const char* text) noexcept

@@ -1,4 +1,5 @@
-#include <zel/ZELByteBuffer.h>
+#include "zel/ZELByteBuffer.h"
+
 #include <zel/ZELFrame.h>
 #include <zel/ZELOutOfMemoryError.h>
 #include <zel/ZELThrow.h>

@@ -1,4 +1,5 @@
-#include <zel/ZELException.h>
+#include "zel/ZELException.h"
+
 #include <zel/ZELFrame.h>
 
 ZELException::ZELException(int errorCode) noexcept : ZELException(eZELError, errorCode) {}

@@ -1,4 +1,5 @@
-#include <zel/ZELFrame.h>
+#include "zel/ZELFrame.h"
+
 #include <zel/ZELOutOfMemoryError.h>
 #include <zel/ZELStdExceptionError.h>
 #include <zel/ZELThrowable.h>

@@ -1,4 +1,4 @@
-#include <zel/ZELMessage.h>
+#include "zel/ZELMessage.h"
 
 #include <charconv>
 #include <string_view>

@@ -1,4 +1,4 @@
-#include <zel/ZELMessageBase.h>
+#include "zel/ZELMessageBase.h"
 
 ZELMessageBase::ZELMessageBase(const I18NString& component, unsigned id)
     : m_component(component), m_id(id) {}

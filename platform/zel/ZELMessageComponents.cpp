@@ -1,4 +1,4 @@
-#include <zel/ZELMessageComponents.h>
+#include "zel/ZELMessageComponents.h"
 
 ZELMessageComponents::ZELMessageComponents() = default;
 ZELMessageComponents::ZELMessageComponents(const ZELMessageComponents&) = default;

@@ -1,4 +1,4 @@
-#include <zel/ZELMessageParm.h>
+#include "zel/ZELMessageParm.h"
 
 ZELMessageParm::ZELMessageParm(const I18NString& text) : m_text(text) {}
 ZELMessageParm::ZELMessageParm(const ZELMessageParm&) = default;

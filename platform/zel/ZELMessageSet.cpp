@@ -1,4 +1,5 @@
-#include <zel/ZELMessageSet.h>
+#include "zel/ZELMessageSet.h"
+
 #include <zel/ZELReferenceCount.h>
 
 #include <new>

@@ -1,5 +1,6 @@
+#include "zel/ZELOutOfMemoryError.h"
+
 #include <zel/ZELFrame.h>
-#include <zel/ZELOutOfMemoryError.h>
 
 ZELOutOfMemoryError::ZELOutOfMemoryError(int errorCode, const char* text) noexcept
     : ZELThrowable(eZELFatal, errorCode), m_text(text) {}

@@ -1,5 +1,6 @@
+#include "zel/ZELReferenceCount.h"
+
 #include <zel/ZELAssert.h>
-#include <zel/ZELReferenceCount.h>
 
 #include <atomic>
 

@@ -1,5 +1,6 @@
+#include "zel/ZELStdExceptionError.h"
+
 #include <zel/ZELFrame.h>
-#include <zel/ZELStdExceptionError.h>
 
 ZELStdExceptionError::ZELStdExceptionError(const std::exception& exception) noexcept
     : ZELThrowable(eZELError, 0), m_text(exception.what()) {}

@@ -1,4 +1,4 @@
-#include <zel/ZELText.h>
+#include "zel/ZELText.h"
 
 #include <atomic>
 #include <cstddef>

@@ -1,5 +1,6 @@
+#include "zel/ZELThreadUnsafeReferenceCount.h"
+
 #include <zel/ZELAssert.h>
-#include <zel/ZELThreadUnsafeReferenceCount.h>
 
 ZELThreadUnsafeReferenceCount::~ZELThreadUnsafeReferenceCount() = default;
 

@@ -1,4 +1,5 @@
-#include <zel/ZELThrow.h>
+#include "zel/ZELThrow.h"
+
 #include <zel/ZELThrowable.h>
 
 #include <exception>

@@ -1,4 +1,4 @@
-#include <zel/ZELThrowable.h>
+#include "zel/ZELThrowable.h"
 
 #include <charconv>
 #include <cstring>

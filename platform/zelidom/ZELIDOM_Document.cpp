@@ -1,10 +1,11 @@
+#include "zelidom/ZELIDOM_Document.h"
+
 #include "platform/zelidom/Failure.h"
 #include "platform/zelidom/OwnedDocument.h"
 #include "platform/zelidom/WideText.h"
 
 #include <zel/ZELAssert.h>
 #include <zel/ZELFrame.h>
-#include <zelidom/ZELIDOM_Document.h>
 
 #include <xercesc/dom/DOMDocument.hpp>
 #include <xercesc/dom/DOMElement.hpp>

@@ -1,9 +1,10 @@
+#include "zelidom/ZELIDOM_Element.h"
+
 #include "platform/zelidom/Failure.h"
 #include "platform/zelidom/WideText.h"
 
 #include <zel/ZELAssert.h>
 #include <zel/ZELFrame.h>
-#include <zelidom/ZELIDOM_Element.h>
 
 #include <xercesc/dom/DOMElement.hpp>
 

@@ -1,5 +1,6 @@
+#include "zelidom/ZELIDOM_Error.h"
+
 #include <zel/ZELFrame.h>
-#include <zelidom/ZELIDOM_Error.h>
 
 ZELIDOM_Error::ZELIDOM_Error(const char* text) noexcept : ZELException(text) {}
 

@@ -1,6 +1,6 @@
-#include "platform/zelidom/WideText.h"
+#include "zelidom/ZELIDOM_NamedNodeMap.h"
 
-#include <zelidom/ZELIDOM_NamedNodeMap.h>
+#include "platform/zelidom/WideText.h"
 
 #include <xercesc/dom/DOMNamedNodeMap.hpp>
 

@@ -1,9 +1,10 @@
+#include "zelidom/ZELIDOM_Node.h"
+
 #include "platform/zelidom/Failure.h"
 
 #include <zel/ZELAssert.h>
 #include <zel/ZELFrame.h>
 #include <zelidom/ZELIDOM_NamedNodeMap.h>
-#include <zelidom/ZELIDOM_Node.h>
 #include <zelidom/ZELIDOM_NodeList.h>
 
 #include <xercesc/dom/DOMNode.hpp>

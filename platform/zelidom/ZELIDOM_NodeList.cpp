@@ -1,4 +1,4 @@
-#include <zelidom/ZELIDOM_NodeList.h>
+#include "zelidom/ZELIDOM_NodeList.h"
 
 #include <xercesc/dom/DOMNodeList.hpp>
 

@@ -1,6 +1,7 @@
+#include "zelidom/ZELIDOM_String.h"
+
 #include <zel/I18NConverter.h>
 #include <zel/ZELFrame.h>
-#include <zelidom/ZELIDOM_String.h>
 
 std::string ZELIDOM_String::utf8() const {
     ZEL_TRY {

@@ -1,3 +1,5 @@
+#include "halyard/HALYARDTKMultipartReader.h"
+
 #include "platform/halyard/multipart/BoundaryScanner.h"
 #include "platform/halyard/multipart/Failure.h"
 #include "platform/halyard/multipart/FieldValue.h"
@@ -7,7 +9,6 @@
 #include <brim/BRIMGZIPInputStream.h>
 #include <brim/BRIMInputStream.h>
 #include <halyard/HALYARDTKMessagePart.h>
-#include <halyard/HALYARDTKMultipartReader.h>
 #include <zel/ZELAssert.h>
 #include <zel/ZELFrame.h>
 

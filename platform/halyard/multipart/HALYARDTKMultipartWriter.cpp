@@ -1,10 +1,11 @@
+#include "halyard/HALYARDTKMultipartWriter.h"
+
 #include "platform/halyard/multipart/Failure.h"
 #include "platform/halyard/multipart/FieldValue.h"
 
 #include <brim/BRIMGZIPOutputStream.h>
 #include <brim/BRIMInputStream.h>
 #include <brim/BRIMOutputStream.h>
-#include <halyard/HALYARDTKMultipartWriter.h>
 #include <zel/ZELAssert.h>
 #include <zel/ZELFrame.h>
 
