@@ -1,10 +1,9 @@
 #include "soap/read/ElementNames.h"
 
 #include "soap/read/Utf16.h"
+#include "soap/read/Words.h"
 
-#include <tarn/tarnsymbols1.h>
 #include <zel/I18NConverter.h>
-#include <zel/ZELUtCrc32.h>
 
 #include <cstdint>
 #include <string_view>
@@ -25,6 +24,7 @@ bool equal(const XMLCh* wide, const char* narrow) {
 }  // namespace
 
 const char* ElementNames::find(const XMLCh* name) {
+    if (name == nullptr) return "";
     // A parser has one text for all elements of a name, so its address nearly always decides.
     const auto address = reinterpret_cast<std::uintptr_t>(name);
     Recent& recent = m_recent[(address >> 4U ^ address >> 11U) % recentCount];
@@ -41,9 +41,8 @@ const char* ElementNames::convert(const XMLCh* name) {
                                 &length))
         return m_others.insert(utf8(name)).first->c_str();  // longer than any word of the schema
     const std::string_view text(buffer, length);
-    const char* const word = tarnsymbols1::getChar(ZELUtCrc32::crc32(text));
-    if (word != nullptr && word == text) return word;
-    return m_others.emplace(text).first->c_str();
+    const char* const word = wordOr(text, nullptr);
+    return word != nullptr ? word : m_others.emplace(text).first->c_str();
 }
 
 }  // namespace korva

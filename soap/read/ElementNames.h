@@ -1,4 +1,4 @@
-// From the parser's element names to the object model's.
+/// From a parser's wide names to the object model's.
 #pragma once
 
 #include <xercesc/util/XercesDefs.hpp>
@@ -10,12 +10,13 @@
 
 namespace korva {
 
-/// Turns names of elements into UTF-8. A word of the schema gives the pointer of the word table,
-/// which the tables of the object model take without reading it. Belongs to one parse.
+/// Turns names of elements, attributes and namespaces into UTF-8. A word of the schema gives the
+/// pointer of the word table, which the tables of the object model take without reading it. Belongs
+/// to one parse.
 class ElementNames {
 public:
-    /// The name in UTF-8. Lives as long as this object, a word of the schema as long as the
-    /// process.
+    /// The name in UTF-8; the empty text for null. Lives as long as this object, a word of the
+    /// schema as long as the process.
     const char* find(const XMLCh* name);
 
 private:

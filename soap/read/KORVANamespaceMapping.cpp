@@ -8,17 +8,30 @@
 KORVANamespaceMapping::KORVANamespaceMapping() : m_revision(0) {}
 
 KORVANamespaceMapping::~KORVANamespaceMapping() {
-    for (const Declaration& declaration : m_declarations) {
-        delete[] declaration.prefix;
-        delete[] declaration.uri;
-    }
+    for (const Declaration& declaration : m_declarations)
+        declaration.free();
+}
+
+void KORVANamespaceMapping::Declaration::free() const {
+    if (!isOwned) return;
+    delete[] prefix;
+    delete[] uri;
 }
 
 void KORVANamespaceMapping::add(char*& prefix, char*& uri) {
     ZEL_TRY {
-        m_declarations.push_back({prefix, uri});
+        m_declarations.push_back({prefix, uri, true});
         prefix = nullptr;
         uri = nullptr;
+        ++m_revision;
+        return;
+    }
+    ZEL_CATCH("KORVANamespaceMapping::add");
+}
+
+void KORVANamespaceMapping::addBorrowed(const char* prefix, const char* uri) {
+    ZEL_TRY {
+        m_declarations.push_back({prefix, uri, false});
         ++m_revision;
         return;
     }
@@ -41,8 +54,7 @@ const char* KORVANamespaceMapping::getNamespace(const char* prefix) const {
 void KORVANamespaceMapping::remove(const char* prefix) {
     const Declaration* const declaration = find(prefix);
     if (declaration == nullptr) return;
-    delete[] declaration->prefix;
-    delete[] declaration->uri;
+    declaration->free();
     m_declarations.erase(m_declarations.begin() + (declaration - m_declarations.data()));
     ++m_revision;
 }

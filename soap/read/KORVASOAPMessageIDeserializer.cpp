@@ -1,9 +1,9 @@
 #include "korva/KORVASOAPMessageIDeserializer.h"
 
+#include "soap/read/MessageReader.h"
 #include "soap/read/XmlReader.h"
 
 #include <korva/KORVAMessageI.h>
-#include <korva/KORVAMessageIContentHandler.h>
 #include <korva/KORVAObjectRegistryFactory.h>
 #include <korva/KORVASOAPFaultException.h>
 #include <zel/ZELAssert.h>
@@ -29,38 +29,38 @@ void KORVASOAPMessageIDeserializer::parse(BRIMInputStream& stream, KORVAPortType
     ZEL_ASSERT(pMsg);
     m_header = nullptr;
     m_objectRegistry = pMsg->getObjectRegistry();
-    KORVAMessageIContentHandler handler(binding, pMsg, m_converter);
-    parse(stream, handler);
+    korva::MessageReader reader(binding, *pMsg);
+    parse(stream, reader);
 }
 
 void KORVASOAPMessageIDeserializer::parse(BRIMInputStream& stream,
                                           const std::vector<KORVAPortTypeI*>& supportedPortTypes,
                                           ZELSmartPointer<KORVAPortTypeBinding>& result) {
     m_header = nullptr;
-    KORVAMessageIContentHandler handler(supportedPortTypes, m_converter);
+    const auto* const m_supportedPortTypes = &supportedPortTypes;
+    ZEL_ASSERT(m_supportedPortTypes->size() > 0);
+    korva::MessageReader reader(supportedPortTypes);
     m_objectRegistry = KORVAObjectRegistryFactory::getInstance().create();
-    parse(stream, handler);
-    result = handler.getBinding();
+    parse(stream, reader);
+    result = reader.binding();
     result->getInputMessage().setObjectRegistry(m_objectRegistry.get());
 }
 
-void KORVASOAPMessageIDeserializer::parse(BRIMInputStream& stream,
-                                          KORVAMessageIContentHandler& handler) {
+void KORVASOAPMessageIDeserializer::parse(BRIMInputStream& stream, korva::MessageReader& reader) {
     /// A caller can ask for the header after a failure, too.
     struct HeaderNote {
         KORVAHalyardHeader*& header;
-        const KORVAMessageIContentHandler& handler;
-        ~HeaderNote() { header = handler.getHeader(); }
+        const korva::MessageReader& reader;
+        ~HeaderNote() { header = reader.header(); }
     };
-    const HeaderNote note{m_header, handler};
-    handler.setAttachmentHandler(m_attachmentHandler);
-    handler.setObjectRegistry(m_objectRegistry.get());
-    m_converter.reset();
+    const HeaderNote note{m_header, reader};
+    reader.context().attachmentHandler = m_attachmentHandler;
+    reader.context().registry = m_objectRegistry.get();
     m_reader->parse(
-        stream, handler, nullptr,
+        stream, reader,
         {"KORVASOAPMessageIDeserializer::parse", "KORVASOAPMessageIDeserializer::parse()"});
-    if (KORVASOAPFault* const fault = handler.getFault())
-        ZEL_THROW(KORVASOAPFaultException(handler.getHeader(), *fault, m_objectRegistry.get()),
+    if (KORVASOAPFault* const fault = reader.fault())
+        ZEL_THROW(KORVASOAPFaultException(reader.header(), *fault, m_objectRegistry.get()),
                   "KORVASOAPMessageIDeserializer::parse()");
 }
 
@@ -82,4 +82,24 @@ void KORVASOAPMessageIDeserializer::setMaximumText(std::size_t units) {
 
 void KORVASOAPMessageIDeserializer::setMaximumEntityExpansions(std::size_t expansions) {
     m_reader->limits().entityExpansions = expansions;
+}
+
+void KORVASOAPMessageIDeserializer::setMaximumStartTag(std::size_t bytes) {
+    m_reader->limits().startTag = bytes;
+}
+
+void KORVASOAPMessageIDeserializer::setMaximumAttributes(std::size_t attributes) {
+    m_reader->limits().attributes = attributes;
+}
+
+void KORVASOAPMessageIDeserializer::setMaximumDeclarations(std::size_t declarations) {
+    m_reader->limits().declarations = declarations;
+}
+
+void KORVASOAPMessageIDeserializer::setMaximumExpandedText(std::size_t units) {
+    m_reader->limits().expandedText = units;
+}
+
+void KORVASOAPMessageIDeserializer::setRefuseDocumentType(bool refuse) {
+    m_reader->limits().refuseDocumentType = refuse;
 }

@@ -1,11 +1,10 @@
 #include "korva/KORVAXMLDeserializer.h"
 
-#include "soap/read/NoDOCTYPEHandler.h"
+#include "soap/read/RootReader.h"
 #include "soap/read/XmlReader.h"
 
 #include <korva/KORVANamespaceMapping.h>
 #include <korva/KORVASchemaTypeI.h>
-#include <korva/KORVASchemaTypeIContentHandler.h>
 #include <zel/ZELFrame.h>
 
 using korva::XmlReader;
@@ -15,6 +14,7 @@ KORVAXMLDeserializerI::~KORVAXMLDeserializerI() = default;
 KORVAXMLDeserializer::KORVAXMLDeserializer() {
     try {
         m_reader.reset(new XmlReader);
+        m_reader->limits().refuseDocumentType = true;
     }
     ZEL_CATCH("KORVAXMLDeserializer::KORVAXMLDeserializer");
 }
@@ -24,13 +24,10 @@ KORVAXMLDeserializer::~KORVAXMLDeserializer() = default;
 KORVASchemaTypeI* KORVAXMLDeserializer::parse(BRIMInputStream& stream,
                                               KORVAObjectRegistryI* registry) {
     KORVANamespaceMapping namespaceMapping;
-    void* result = nullptr;
-    m_converter.reset();
-    KORVASchemaTypeIContentHandler handler(&result, &namespaceMapping, registry, m_converter);
-    korva::NoDOCTYPEHandler noDOCTYPEHandler;
-    m_reader->parse(stream, handler, &noDOCTYPEHandler,
+    korva::RootReader reader(&namespaceMapping, registry);
+    m_reader->parse(stream, reader,
                     {"KORVAXMLDeserializer::parse", "KORVAXMLDeserializer::parse()"});
-    return static_cast<KORVASchemaTypeI*>(result);
+    return reader.result();
 }
 
 void KORVAXMLDeserializer::setMaximumDepth(std::size_t elements) {
@@ -39,4 +36,16 @@ void KORVAXMLDeserializer::setMaximumDepth(std::size_t elements) {
 
 void KORVAXMLDeserializer::setMaximumText(std::size_t units) {
     m_reader->limits().text = units;
+}
+
+void KORVAXMLDeserializer::setMaximumStartTag(std::size_t bytes) {
+    m_reader->limits().startTag = bytes;
+}
+
+void KORVAXMLDeserializer::setMaximumAttributes(std::size_t attributes) {
+    m_reader->limits().attributes = attributes;
+}
+
+void KORVAXMLDeserializer::setMaximumDeclarations(std::size_t declarations) {
+    m_reader->limits().declarations = declarations;
 }

@@ -5,6 +5,8 @@
 
 #include <array>
 #include <cstddef>
+#include <functional>
+#include <utility>
 
 namespace korva {
 
@@ -22,6 +24,25 @@ public:
     ParserMemory(const ParserMemory&) = delete;
     ParserMemory& operator=(const ParserMemory&) = delete;
     ~ParserMemory() override { release(); }
+
+    /// Called before an allocation, with how many of its size that makes. May throw instead.
+    using Told = std::function<void(std::size_t count)>;
+
+    /// Watches the allocations of objects of one size while it lives.
+    class Watch {
+    public:
+        Watch(ParserMemory& memory, std::size_t size, Told told) : m_memory(memory) {
+            m_memory.m_watchedSize = size;
+            m_memory.m_watchedCount = 0;
+            m_memory.m_told = std::move(told);
+        }
+        Watch(const Watch&) = delete;
+        Watch& operator=(const Watch&) = delete;
+        ~Watch() { m_memory.m_told = nullptr; }
+
+    private:
+        ParserMemory& m_memory;
+    };
 
     /// No single block may be larger than this.
     void setLargestBlock(std::size_t bytes) { m_largestBlock = bytes; }
@@ -50,6 +71,7 @@ private:
     static std::size_t classOf(std::size_t size);
     static std::size_t sizeOfClass(std::size_t sizeClass);
 
+    void tellOf(std::size_t size);
     void* cut(std::size_t sizeClass);
     Slab* addSlab(std::size_t size);
     void removeSlab(Slab* slab) noexcept;
@@ -60,6 +82,9 @@ private:
     char* m_free = nullptr;  ///< what is not cut yet of the newest slab
     std::size_t m_freeSize = 0;
     std::array<Header*, classCount> m_freeBlocks{};
+    std::size_t m_watchedSize = 0;
+    std::size_t m_watchedCount = 0;
+    Told m_told;
 };
 
 }  // namespace korva

@@ -5,62 +5,61 @@
 
 #include <i18n/KORVAMessageId.h>
 
-#include <xercesc/framework/MemBufInputSource.hpp>
-#include <xercesc/sax/Locator.hpp>
-
 #include <string_view>
 
 namespace korva {
 
 namespace {
 
-/// How much of the path of a deep element is told: its start, and its end.
-constexpr std::size_t longPath = 400;
+/// How much of the path of a deep element is told at its start and at its end.
+constexpr std::size_t longPath = 200;
 
-std::u16string shortened(std::u16string_view path) {
-    if (path.size() <= longPath) return std::u16string(path);
-    std::u16string text(path.substr(0, path.rfind(u'/', longPath / 2)));
-    text += u"/...";
-    std::u16string_view end = path.substr(path.size() - longPath / 2);
-    const std::size_t slash = end.find(u'/');
-    text += slash != std::u16string_view::npos ? end.substr(slash) : u"/...";
-    return text;
+/// The number of elements, from the one end or the other, whose names make up a long path.
+template <class Iterator>
+std::size_t countOfLongPath(Iterator name, Iterator end) {
+    std::size_t count = 0;
+    for (std::size_t length = 0; name != end; ++name, ++count) {
+        length += std::string_view(*name).size() + 1;
+        if (length > longPath) break;
+    }
+    return count;
 }
 
 }  // namespace
 
-ReadGuard::ReadGuard(xercesc::ContentHandler& handler, const ReadLimits& limits, const char* label)
-    : m_handler(handler), m_limits(limits), m_label(label), m_textLeft(limits.text) {}
-
-template <class Call>
-void ReadGuard::forward(Call call) {
-    try {
-        call();
-    } catch (...) {
-        notePosition();
-        throw;
-    }
-}
-
-void ReadGuard::notePosition() noexcept {
-    if (m_locator != nullptr)
-        notePosition(m_locator->getLineNumber(), m_locator->getColumnNumber());
-}
-
-void ReadGuard::notePosition(XMLFileLoc line, XMLFileLoc column) noexcept {
-    if (m_line != 0) return;
-    m_line = line;
-    m_column = column;
-}
-
 std::string ReadGuard::place() const {
     std::string text;
-    if (m_line != 0)
-        text = "line " + std::to_string(m_line) + ", column " + std::to_string(m_column);
-    if (!m_path.empty()) {
-        if (!text.empty()) text += ", ";
-        text += "element ";
-        text += utf8(shortened(m_path).c_str());
+    if (m_position.line != 0)
+        text = "line " + std::to_string(m_position.line) + ", column " +
+               std::to_string(m_position.column);
+    if (m_path.empty()) return text;
+
+    if (!text.empty()) text += ", ";
+    text += "element ";
+    const auto append = [&](std::size_t from, std::size_t to) {
+        for (; from != to; ++from) {
+            text += '/';
+            text += m_path[from];
+        }
+    };
+    const std::size_t first = countOfLongPath(m_path.begin(), m_path.end());
+    const std::size_t last = countOfLongPath(m_path.rbegin(), m_path.rend());
+    if (first + last >= m_path.size()) {
+        append(0, m_path.size());
+    } else {
+        append(0, first);
+        text += "/...";
+        append(m_path.size() - last, m_path.size());
+        if (last == 0) {
+            // A name longer than a long path: its start.
+            std::string_view name(m_path.back());
+            std::size_t length = longPath;
+            while ((static_cast<unsigned char>(name[length]) & 0xC0U) == 0x80U)
+                --length;
+            text += '/';
+            text += name.substr(0, length);
+            text += "...";
+        }
     }
     return text;
 }
@@ -73,60 +72,56 @@ void ReadGuard::refuseText() const {
     refuse("text", m_limits.text, "setMaximumText");
 }
 
+void ReadGuard::refuseStartTag() const {
+    refuse("bytes of a start tag", m_limits.startTag, "setMaximumStartTag");
+}
+
 void ReadGuard::refuseEntityExpansion() const {
     refuse("entity expansions", m_limits.entityExpansions, "setMaximumEntityExpansions");
 }
 
-void ReadGuard::setDocumentLocator(const xercesc::Locator* locator) {
-    m_locator = locator;
-    m_handler.setDocumentLocator(locator);
+void ReadGuard::refuseAttributes() const {
+    refuse("attributes of a start tag", m_limits.attributes, "setMaximumAttributes");
 }
 
-void ReadGuard::startDocument() {
-    forward([this] { m_handler.startDocument(); });
+void ReadGuard::refuseExpandedText() const {
+    refuse("text of expanded entities", m_limits.expandedText, "setMaximumExpandedText");
 }
 
-void ReadGuard::endDocument() {
-    forward([this] { m_handler.endDocument(); });
+void ReadGuard::refuseDocumentType() const {
+    KORVA_RAISE(eKORVA_DoctypeRefused, m_label);
 }
 
-void ReadGuard::startElement(const XMLCh* uri, const XMLCh* localName, const XMLCh* qName,
-                             const xercesc::Attributes& attributes) {
-    forward([=, this, &attributes] {
-        if (++m_depth > m_limits.depth) refuse("depth", m_limits.depth, "setMaximumDepth");
-        m_path += u'/';
-        m_path += localName;
-        m_handler.startElement(uri, localName, qName, attributes);
-    });
+void ReadGuard::startPrefix(const char* prefix, const char* uri) {
+    if (++m_declarations > m_limits.declarations)
+        refuse("namespace declarations in scope", m_limits.declarations, "setMaximumDeclarations");
+    ++m_ownDeclarations;
+    m_reader.startPrefix(prefix, uri);
 }
 
-void ReadGuard::endElement(const XMLCh* uri, const XMLCh* localName, const XMLCh* qName) {
-    forward([=, this] {
-        m_handler.endElement(uri, localName, qName);
-        m_path.resize(m_path.rfind(u'/'));
-        --m_depth;
-    });
+void ReadGuard::endPrefix(const char* prefix) {
+    --m_declarations;
+    m_reader.endPrefix(prefix);
 }
 
-void ReadGuard::characters(const XMLCh* text, XMLSize_t length) {
-    forward([=, this] {
-        if (length > m_textLeft) refuseText();
-        m_textLeft -= length;
-        m_handler.characters(text, length);
-    });
+void ReadGuard::startElement(const Element& element) {
+    if (m_path.size() >= m_limits.depth) refuse("depth", m_limits.depth, "setMaximumDepth");
+    if (element.attributes.size() + m_ownDeclarations > m_limits.attributes) refuseAttributes();
+    m_ownDeclarations = 0;
+    m_path.push_back(element.localName);
+    m_reader.startElement(element);
 }
 
-void ReadGuard::startPrefixMapping(const XMLCh* prefix, const XMLCh* uri) {
-    forward([=, this] { m_handler.startPrefixMapping(prefix, uri); });
+void ReadGuard::text(std::string_view piece) {
+    const std::size_t units = utf16Length(piece);
+    if (units > m_textLeft) refuseText();
+    m_textLeft -= units;
+    m_reader.text(piece);
 }
 
-void ReadGuard::endPrefixMapping(const XMLCh* prefix) {
-    forward([=, this] { m_handler.endPrefixMapping(prefix); });
-}
-
-xercesc::InputSource* ReadGuard::resolveEntity(const XMLCh*, const XMLCh*) {
-    constexpr XMLByte nothing[] = {0};
-    return new xercesc::MemBufInputSource(nothing, 0, "", false);
+void ReadGuard::endElement() {
+    m_reader.endElement();
+    m_path.pop_back();
 }
 
 }  // namespace korva

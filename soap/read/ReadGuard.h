@@ -1,63 +1,78 @@
-// What stands between the parser and a reader: limits, and where the parser was when it failed.
+/// What stands between a source and a reader: limits, and where the document was when it failed.
 #pragma once
 
+#include "soap/read/DocumentReceiver.h"
 #include "soap/read/ReadLimits.h"
-
-#include <xercesc/sax2/DefaultHandler.hpp>
 
 #include <cstddef>
 #include <string>
+#include <vector>
 
 namespace korva {
 
-/// Hands the parser's events on to a handler. Counts depth and text before the handler sees them,
-/// opens no external entity, and remembers the place of a failure.
-class ReadGuard final : public xercesc::DefaultHandler {
+/// A place in a document, counted from 1; 0 where it is not known.
+struct DocumentPosition {
+    unsigned long long line = 0;
+    unsigned long long column = 0;
+};
+
+/// What a source throws that finds a document which is not well-formed.
+struct NotWellFormed {
+    std::string text;  ///< in the parser's words
+};
+
+/// Hands a source's events on to a reader. Counts what limits are set for before the reader sees
+/// it, and remembers the place of a failure.
+class ReadGuard final : public DocumentReceiver {
 public:
     /// @param label the function that a broken limit is reported for
-    ReadGuard(xercesc::ContentHandler& handler, const ReadLimits& limits, const char* label);
+    ReadGuard(DocumentReceiver& reader, const ReadLimits& limits, const char* label)
+        : m_reader(reader), m_limits(limits), m_label(label), m_textLeft(limits.text) {}
 
-    /// Remembers the parser's position, unless an earlier failure did.
-    void notePosition() noexcept;
-    /// The same for a position that is known.
-    void notePosition(XMLFileLoc line, XMLFileLoc column) noexcept;
+    const ReadLimits& limits() const { return m_limits; }
+
+    /// Remembers where the source is, unless an earlier failure did.
+    void notePosition(DocumentPosition position) noexcept {
+        if (m_position.line == 0) m_position = position;
+    }
 
     /// "line 3, column 14, element /Envelope/Body", as far as it is known. May be empty.
     std::string place() const;
 
+    void startDocument() override { m_reader.startDocument(); }
+    void endDocument() override { m_reader.endDocument(); }
+    void startPrefix(const char* prefix, const char* uri) override;
+    void endPrefix(const char* prefix) override;
+    void startElement(const Element& element) override;
+    void text(std::string_view piece) override;
+    void endElement() override;
+
+    // What a source finds before there is an event.
+
     /// @throws KORVAException 0xEA4F0001: always
     [[noreturn]] void refuseText() const;
     /// @throws KORVAException 0xEA4F0001: always
+    [[noreturn]] void refuseStartTag() const;
+    /// @throws KORVAException 0xEA4F0001: always
     [[noreturn]] void refuseEntityExpansion() const;
-
-    void setDocumentLocator(const xercesc::Locator* locator) override;
-    void startDocument() override;
-    void endDocument() override;
-    void startElement(const XMLCh* uri, const XMLCh* localName, const XMLCh* qName,
-                      const xercesc::Attributes& attributes) override;
-    void endElement(const XMLCh* uri, const XMLCh* localName, const XMLCh* qName) override;
-    void characters(const XMLCh* text, XMLSize_t length) override;
-    void startPrefixMapping(const XMLCh* prefix, const XMLCh* uri) override;
-    void endPrefixMapping(const XMLCh* prefix) override;
-    /// An empty source: nothing outside the document is ever opened.
-    xercesc::InputSource* resolveEntity(const XMLCh* publicId, const XMLCh* systemId) override;
+    /// @throws KORVAException 0xEA4F0001: always
+    [[noreturn]] void refuseAttributes() const;
+    /// @throws KORVAException 0xEA4F0001: always
+    [[noreturn]] void refuseExpandedText() const;
+    /// @throws KORVAException 0xEA4EB50B: always
+    [[noreturn]] void refuseDocumentType() const;
 
 private:
     [[noreturn]] void refuse(const char* what, std::size_t limit, const char* setter) const;
 
-    /// Calls the handler and notes the position if it throws.
-    template <class Call>
-    void forward(Call call);
-
-    xercesc::ContentHandler& m_handler;
+    DocumentReceiver& m_reader;
     const ReadLimits& m_limits;
     const char* m_label;
-    const xercesc::Locator* m_locator = nullptr;
-    std::size_t m_depth = 0;
+    std::vector<const char*> m_path;    ///< names of the open elements
+    std::size_t m_declarations = 0;     ///< in scope
+    std::size_t m_ownDeclarations = 0;  ///< of the start tag that is coming
     std::size_t m_textLeft;
-    std::u16string m_path;  ///< of the open elements, each behind a '/'
-    XMLFileLoc m_line = 0;  ///< of the failure; 0 while there is none
-    XMLFileLoc m_column = 0;
+    DocumentPosition m_position;  ///< of the failure
 };
 
 }  // namespace korva

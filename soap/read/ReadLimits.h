@@ -1,4 +1,4 @@
-// What a document may ask for before reading it is given up.
+/// What a document may ask for before reading it is given up.
 #pragma once
 
 #include <cstddef>
@@ -8,8 +8,13 @@ namespace korva {
 /// The limits of a deserializer, which documents them at its setters.
 struct ReadLimits {
     std::size_t depth = 10'000;
-    std::size_t text = std::size_t{1} << 30U;
-    std::size_t entityExpansions = 50'000;
+    std::size_t text = std::size_t{1} << 30U;       ///< in units of UTF-16
+    std::size_t startTag = std::size_t{64} << 10U;  ///< in bytes
+    std::size_t attributes = 256;                   ///< of one start tag, declarations included
+    std::size_t declarations = 1'000;               ///< in scope at one place
+    std::size_t entityExpansions = 10'000;
+    std::size_t expandedText = std::size_t{1} << 20U;  ///< or ten times the document, in UTF-16
+    bool refuseDocumentType = false;
 };
 
 }  // namespace korva

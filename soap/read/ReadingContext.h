@@ -1,16 +1,25 @@
-// What the handlers of one parse share.
+/// What the readers of one document have in common.
 #pragma once
 
-#include "soap/read/ElementNames.h"
 #include "soap/read/TextStore.h"
 #include "soap/read/TypeNames.h"
 
 #include <zel/ZELByteBuffer.h>
 
+class KORVANamespaceMapping;
+class KORVAObjectRegistryI;
+class KORVA_AttachmentHandler;
+
 namespace korva {
 
 struct ReadingContext {
-    ElementNames names;
+    ReadingContext(KORVANamespaceMapping* prefixes, KORVAObjectRegistryI* owner)
+        : mapping(prefixes), registry(owner) {}
+
+    KORVANamespaceMapping* mapping;                        ///< the prefixes in scope
+    KORVAObjectRegistryI* registry;                        ///< owner of all that is read
+    KORVA_AttachmentHandler* attachmentHandler = nullptr;  ///< null refuses references
+
     TypeNames types;
     TextStore texts;
     ZELByteBuffer text{ZELByteBuffer::eGrowGeometric, 512};  ///< of the current element so far

@@ -1,46 +1,40 @@
 #include "soap/read/TypeAttributes.h"
 
-#include "soap/read/Utf16.h"
-
 #include <i18n/KORVAI18NRes.h>
-#include <korva/KORVA_AttachmentHandler.h>
-
-#include <xercesc/sax2/Attributes.hpp>
 
 namespace korva {
 
 namespace {
 
-bool isIn(KORVAI18NRes::Number uri, const xercesc::Attributes& attributes, XMLSize_t i) {
-    return equals(attributes.getURI(i), KORVAI18NRes::getView(uri));
+constexpr std::string_view contentIdScheme = "cid:";
+
+bool is(const Attribute& attribute, KORVAI18NRes::Number uri, std::string_view localName) {
+    return attribute.localName == localName && attribute.uri == KORVAI18NRes::getView(uri);
 }
 
 }  // namespace
 
-TypeAttributes::TypeAttributes(const xercesc::Attributes& attributes) {
-    const XMLSize_t count = attributes.getLength();
-    for (XMLSize_t i = 0; i < count; ++i) {
-        const XMLCh* const name = attributes.getLocalName(i);
+TypeAttributes::TypeAttributes(const Element& element) {
+    for (const Attribute& attribute : element.attributes) {
+        if (attribute.localName.empty()) continue;
         // The names differ in their first letter.
-        switch (*name) {
-            case u't':
-                if (equals(name, "type") &&
-                    isIn(KORVAI18NRes::eSchemaInstanceNamespace, attributes, i))
-                    type = attributes.getValue(i);
+        switch (attribute.localName.front()) {
+            case 't':
+                if (is(attribute, KORVAI18NRes::eSchemaInstanceNamespace, "type"))
+                    type = attribute.value;
                 break;
-            case u'a':
-                if (equals(name, "arrayType") &&
-                    isIn(KORVAI18NRes::eSoapEncodingNamespace, attributes, i))
-                    arrayType = attributes.getValue(i);
+            case 'a':
+                if (is(attribute, KORVAI18NRes::eSoapEncodingNamespace, "arrayType"))
+                    arrayType = attribute.value;
                 break;
-            case u'n':
-                if (equals(name, "nil") &&
-                    isIn(KORVAI18NRes::eSchemaInstanceNamespace, attributes, i))
-                    isNil = equals(attributes.getValue(i), "true");
+            case 'n':
+                if (is(attribute, KORVAI18NRes::eSchemaInstanceNamespace, "nil"))
+                    isNil = attribute.value == "true";
                 break;
-            case u'h':
-                if (equals(attributes.getQName(i), "href"))
-                    contentId = KORVA_AttachmentHandler::getCid(attributes.getValue(i));
+            case 'h':
+                if (attribute.prefix.empty() && attribute.localName == "href" &&
+                    attribute.value.starts_with(contentIdScheme))
+                    contentId = attribute.value.substr(contentIdScheme.size());
                 break;
             default: break;
         }

@@ -1,22 +1,21 @@
-// The attributes of an element that tell what it is.
+/// The attributes of an element that tell what it is.
 #pragma once
 
-#include <xercesc/util/XercesDefs.hpp>
+#include "soap/read/DocumentReceiver.h"
 
-XERCES_CPP_NAMESPACE_BEGIN
-class Attributes;
-XERCES_CPP_NAMESPACE_END
+#include <optional>
+#include <string_view>
 
 namespace korva {
 
-/// The attributes that a reader looks at. The texts are the parser's and live as long as its event.
+/// The attributes that a reader looks at. The texts live as long as the element's event.
 struct TypeAttributes {
-    const XMLCh* type = nullptr;       ///< `type` of the schema instance namespace, or null
-    const XMLCh* arrayType = nullptr;  ///< `arrayType` of the SOAP encoding namespace, or null
-    const XMLCh* contentId = nullptr;  ///< what stands behind "cid:" in `href`, or null
-    bool isNil = false;                ///< `nil` of the schema instance namespace is "true"
+    std::optional<std::string_view> type;       ///< `type` of the schema instance namespace
+    std::optional<std::string_view> arrayType;  ///< `arrayType` of the SOAP encoding namespace
+    std::string_view contentId;  ///< what stands behind "cid:" in `href`; empty if nothing does
+    bool isNil = false;          ///< `nil` of the schema instance namespace is "true"
 
-    explicit TypeAttributes(const xercesc::Attributes& attributes);
+    explicit TypeAttributes(const Element& element);
 };
 
 }  // namespace korva

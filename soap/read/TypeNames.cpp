@@ -9,105 +9,93 @@
 #include <korva/KORVANamespaceMapping.h>
 #include <korva/KORVASchemaTypeIContentHandler.h>
 #include <korva/KORVASchemaTypesFactory.h>
-#include <zel/I18NConverter.h>
 #include <zel/ZELAssert.h>
-
-#include <xercesc/util/XMLString.hpp>
 
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
-#include <iterator>
+#include <string>
 
 namespace korva {
 
 namespace {
 
-using xercesc::XMLString;
-
 constexpr std::size_t DEFAULT_TMP_CHAR_BUFFER_SIZE =
     KORVASchemaTypeIContentHandler::DEFAULT_TMP_CHAR_BUFFER_SIZE;
 
-/// A prefix or a local part in UTF-8.
+/// A prefix or a local part with a NUL behind it, as those want it who look it up.
 class Part {
 public:
-    Part(const XMLCh* first, const XMLCh* last) {
-        I18NConverter().toUtf8(first, static_cast<std::size_t>(last - first), m_text,
-                               sizeof m_text);
+    explicit Part(std::string_view text) : m_length(std::min(text.size(), sizeof m_text - 1)) {
+        std::memcpy(m_text, text.data(), m_length);
+        m_text[m_length] = '\0';
     }
     const char* text() const { return m_text; }
 
 private:
     char m_text[3 * DEFAULT_TMP_CHAR_BUFFER_SIZE];
+    std::size_t m_length;
 };
 
-const XMLCh* findColon(const XMLCh* text) {
-    while (*text != 0 && *text != u':')
-        ++text;
-    return *text != 0 ? text : nullptr;
-}
+// The assertion's text is published, so its names stand here for what it says.
+struct XMLString {
+    static std::size_t stringLen(std::string_view text) { return utf16Length(text); }
+};
 
 bool is(const char* uri, KORVAI18NRes::Number number) {
-    return std::strcmp(uri, KORVAI18NRes::getChar(number)) == 0;
-}
-
-/// The identity of the array that `arrayType` tells.
-KORVASchemaTypeI::ObjectType arrayType(const TypeAttributes& attributes,
-                                       const KORVANamespaceMapping& mapping, const char* element) {
-    const XMLCh* const soapEncArrayTypeAttrValue = attributes.arrayType;
-    if (soapEncArrayTypeAttrValue == nullptr)
-        KORVA_RAISE(eKORVA_NoArrayType, "KORVASchemaTypeIContentHandler::startElement", element);
-    const XMLCh* const colon = findColon(soapEncArrayTypeAttrValue);
-    if (colon == nullptr)
-        KORVA_RAISE(eKORVA_BadArrayType, "KORVASchemaTypeIContentHandler::getBusXsiType()",
-                    utf8(soapEncArrayTypeAttrValue).c_str(), element);
-    // clang-format off
-    ZEL_ASSERT_NAMED(XMLString::stringLen( soapEncArrayTypeAttrValue ) < DEFAULT_TMP_CHAR_BUFFER_SIZE, "The default buffer size needs to be increased.");
-    // clang-format on
-    const char* const uri = mapping.getNamespace(Part(soapEncArrayTypeAttrValue, colon).text());
-    if (uri == nullptr || !is(uri, KORVAI18NRes::eBusNamespace)) return KORVASchemaTypeI::e_Unknown;
-    // The dimensions aren't read: nothing is reserved for what is only announced.
-    const XMLCh* last = colon + 1;
-    while (*last != 0 && *last != u'[')
-        ++last;
-    const auto type = KORVASchemaTypesFactory::getInstance().busArrayTypeToObjectType(
-        Part(colon + 1, last).text());
-    if (type == KORVASchemaTypeI::e_Unknown)
-        KORVA_RAISE(eKORVA_UnknownType, "KORVASchemaTypeIContentHandler::getObjectType()",
-                    utf8(attributes.type).c_str(), element);
-    return type;
+    return KORVAI18NRes::getView(number) == uri;
 }
 
 }  // namespace
 
+std::size_t TypeNames::Recent::positionOf(std::string_view name) {
+    std::uint32_t hash = 0;
+    for (const char c : name)
+        hash = hash * 31 + static_cast<unsigned char>(c);
+    return (hash ^ hash >> 12U) % entryCount;
+}
+
+const TypeNames::ObjectType* TypeNames::Recent::find(std::string_view name,
+                                                     std::size_t revision) const {
+    const Entry& entry = m_entries[positionOf(name)];
+    const bool matches = !name.empty() && entry.length == name.size() &&
+                         entry.revision == revision &&
+                         std::memcmp(entry.name, name.data(), name.size()) == 0;
+    return matches ? &entry.type : nullptr;
+}
+
+void TypeNames::Recent::keep(std::string_view name, std::size_t revision, ObjectType type) {
+    Entry& entry = m_entries[positionOf(name)];
+    if (name.size() > sizeof entry.name) return;
+    entry.revision = revision;
+    entry.type = type;
+    entry.length = static_cast<unsigned>(name.size());
+    std::memcpy(entry.name, name.data(), name.size());
+}
+
 TypeNames::ObjectType TypeNames::resolve(const TypeAttributes& attributes,
                                          const KORVANamespaceMapping& mapping,
                                          const char* element) {
-    const XMLCh* const xsiTypeAttrValue = attributes.type;
-    if (xsiTypeAttrValue == nullptr) return KORVASchemaTypeI::e_Unknown;
+    if (!attributes.type) return KORVASchemaTypeI::e_Unknown;
+    const std::string_view xsiTypeAttrValue = *attributes.type;
+    if (const ObjectType* const known = m_types.find(xsiTypeAttrValue, mapping.revision()))
+        return *known != KORVASchemaTypeI::e_Unknown ? *known
+                                                     : resolveArray(attributes, mapping, element);
 
-    // Few types make up a document; the same text under the same declarations is the same type.
-    unsigned length = 0;
-    std::uint32_t hash = 0;
-    for (; xsiTypeAttrValue[length] != 0; ++length)
-        hash = hash * 31 + xsiTypeAttrValue[length];
-    Recent& recent = m_recent[hash % recentCount];
-    if (recent.length == length && recent.revision == mapping.revision() && length != 0 &&
-        std::equal(xsiTypeAttrValue, xsiTypeAttrValue + length, recent.value))
-        return recent.type;
-
-    const XMLCh* const colon = findColon(xsiTypeAttrValue);
-    if (colon == nullptr) return KORVASchemaTypeI::e_Unknown;
+    const std::size_t colon = xsiTypeAttrValue.find(':');
+    if (colon == std::string_view::npos) return KORVASchemaTypeI::e_Unknown;
     // clang-format off
     ZEL_ASSERT_NAMED(XMLString::stringLen( xsiTypeAttrValue ) < DEFAULT_TMP_CHAR_BUFFER_SIZE, "The default buffer size needs to be increased.");
     // clang-format on
-    const char* const uri = mapping.getNamespace(Part(xsiTypeAttrValue, colon).text());
+    const char* const uri = mapping.getNamespace(Part(xsiTypeAttrValue.substr(0, colon)).text());
     if (uri == nullptr) return KORVASchemaTypeI::e_Unknown;
-    if (is(uri, KORVAI18NRes::eSoapEncodingNamespace))
-        return arrayType(attributes, mapping, element);
+    if (is(uri, KORVAI18NRes::eSoapEncodingNamespace)) {
+        m_types.keep(xsiTypeAttrValue, mapping.revision(), KORVASchemaTypeI::e_Unknown);
+        return resolveArray(attributes, mapping, element);
+    }
 
     const KORVASchemaTypesFactory& factory = KORVASchemaTypesFactory::getInstance();
-    const Part local(colon + 1, xsiTypeAttrValue + length);
+    const Part local(xsiTypeAttrValue.substr(colon + 1));
     ObjectType type = KORVASchemaTypeI::e_Unknown;
     if (is(uri, KORVAI18NRes::eBusNamespace))
         type = factory.busTypeToObjectType(local.text());
@@ -117,14 +105,40 @@ TypeNames::ObjectType TypeNames::resolve(const TypeAttributes& attributes,
         return KORVASchemaTypeI::e_Unknown;
     if (type == KORVASchemaTypeI::e_Unknown)
         KORVA_RAISE(eKORVA_UnknownType, "KORVASchemaTypeIContentHandler::getObjectType()",
-                    utf8(xsiTypeAttrValue).c_str(), element);
+                    std::string(xsiTypeAttrValue).c_str(), element);
+    m_types.keep(xsiTypeAttrValue, mapping.revision(), type);
+    return type;
+}
 
-    if (length <= std::size(recent.value)) {
-        recent.revision = mapping.revision();
-        recent.type = type;
-        recent.length = length;
-        std::copy_n(xsiTypeAttrValue, length, recent.value);
-    }
+/// The identity of the array that `arrayType` tells.
+TypeNames::ObjectType TypeNames::resolveArray(const TypeAttributes& attributes,
+                                              const KORVANamespaceMapping& mapping,
+                                              const char* element) {
+    if (!attributes.arrayType)
+        KORVA_RAISE(eKORVA_NoArrayType, "KORVASchemaTypeIContentHandler::startElement", element);
+    const std::string_view soapEncArrayTypeAttrValue = *attributes.arrayType;
+    // The dimensions aren't read: nothing is reserved for what is only announced.
+    const std::size_t colon = soapEncArrayTypeAttrValue.find(':');
+    const std::string_view name = soapEncArrayTypeAttrValue.substr(
+        0, soapEncArrayTypeAttrValue.find('[', colon != std::string_view::npos ? colon : 0));
+    if (soapEncArrayTypeAttrValue.size() < DEFAULT_TMP_CHAR_BUFFER_SIZE)
+        if (const ObjectType* const known = m_arrayTypes.find(name, mapping.revision()))
+            return *known;
+
+    if (colon == std::string_view::npos)
+        KORVA_RAISE(eKORVA_BadArrayType, "KORVASchemaTypeIContentHandler::getBusXsiType()",
+                    std::string(soapEncArrayTypeAttrValue).c_str(), element);
+    // clang-format off
+    ZEL_ASSERT_NAMED(XMLString::stringLen( soapEncArrayTypeAttrValue ) < DEFAULT_TMP_CHAR_BUFFER_SIZE, "The default buffer size needs to be increased.");
+    // clang-format on
+    const char* const uri = mapping.getNamespace(Part(name.substr(0, colon)).text());
+    if (uri == nullptr || !is(uri, KORVAI18NRes::eBusNamespace)) return KORVASchemaTypeI::e_Unknown;
+    const auto type = KORVASchemaTypesFactory::getInstance().busArrayTypeToObjectType(
+        Part(name.substr(colon + 1)).text());
+    if (type == KORVASchemaTypeI::e_Unknown)
+        KORVA_RAISE(eKORVA_UnknownType, "KORVASchemaTypeIContentHandler::getObjectType()",
+                    std::string(*attributes.type).c_str(), element);
+    m_arrayTypes.keep(name, mapping.revision(), type);
     return type;
 }
 

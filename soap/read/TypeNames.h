@@ -1,12 +1,11 @@
-// From type names in attributes to the identities of types.
+/// From type names in attributes to the identities of types.
 #pragma once
 
 #include <korva/KORVASchemaTypeI.h>
 
-#include <xercesc/util/XercesDefs.hpp>
-
 #include <array>
 #include <cstddef>
+#include <string_view>
 
 class KORVANamespaceMapping;
 
@@ -28,16 +27,33 @@ public:
                        const char* element);
 
 private:
-    /// A value of `xsi:type` and what it meant under the declarations of that time.
-    struct Recent {
-        std::size_t revision;
-        ObjectType type;
-        unsigned length;
-        XMLCh value[48];
-    };
-    static constexpr std::size_t recentCount = 64;
+    /// Names of types, and what they meant under the declarations of that time. Few types make up a
+    /// document, so a name is nearly always found here.
+    class Recent {
+    public:
+        /// What `name` meant, or null. e_Unknown is kept for what has to be looked at again.
+        const ObjectType* find(std::string_view name, std::size_t revision) const;
+        void keep(std::string_view name, std::size_t revision, ObjectType type);
 
-    std::array<Recent, recentCount> m_recent{};
+    private:
+        struct Entry {
+            std::size_t revision;
+            ObjectType type;
+            unsigned length;
+            char name[40];
+        };
+        static constexpr std::size_t entryCount = 64;
+
+        static std::size_t positionOf(std::string_view name);
+
+        std::array<Entry, entryCount> m_entries{};
+    };
+
+    ObjectType resolveArray(const TypeAttributes& attributes, const KORVANamespaceMapping& mapping,
+                            const char* element);
+
+    Recent m_types;
+    Recent m_arrayTypes;
 };
 
 }  // namespace korva

@@ -1,4 +1,4 @@
-// The parser's texts: comparing them with constants, and turning them into UTF-8.
+/// The parser's UTF-16: comparing it with constants, turning it into UTF-8, counting its units.
 #pragma once
 
 #include <xercesc/util/XercesDefs.hpp>
@@ -12,22 +12,23 @@ namespace korva {
 /// Whether the NUL-terminated `text`, which may be null, starts with the ASCII text `constant`.
 inline bool startsWith(const XMLCh* text, std::string_view constant) {
     if (text == nullptr) return false;
-    const auto isAt = [&](std::size_t i) { return text[i] == static_cast<XMLCh>(constant[i]); };
-    std::size_t i = 0;
-    // Four at a time: the namespace of each element's type is compared.
-    for (; constant.size() - i >= 4; i += 4)
-        if (!(isAt(i) && isAt(i + 1) && isAt(i + 2) && isAt(i + 3))) return false;
-    for (; i != constant.size(); ++i)
-        if (!isAt(i)) return false;
+    for (std::size_t i = 0; i != constant.size(); ++i)
+        if (text[i] != static_cast<XMLCh>(constant[i])) return false;
     return true;
-}
-
-/// Whether the NUL-terminated `text`, which may be null, is the ASCII text `constant`.
-inline bool equals(const XMLCh* text, std::string_view constant) {
-    return startsWith(text, constant) && text[constant.size()] == 0;
 }
 
 /// `text` in UTF-8; the empty text for null.
 std::string utf8(const XMLCh* text);
+
+/// How many units of UTF-16 the UTF-8 text `text` has.
+inline std::size_t utf16Length(std::string_view text) {
+    std::size_t count = 0;
+    // No continuation byte is a unit; the first byte of four stands for two.
+    for (const char c : text) {
+        const auto byte = static_cast<unsigned char>(c);
+        count += static_cast<std::size_t>((byte & 0xC0U) != 0x80U) + (byte >= 0xF0U ? 1U : 0U);
+    }
+    return count;
+}
 
 }  // namespace korva

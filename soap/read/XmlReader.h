@@ -1,21 +1,15 @@
-// The one place that makes an XML parser and sets it up.
+/// The one place that chooses a parser for a document, and tells its failures.
 #pragma once
 
-#include "soap/read/ParserMemory.h"
+#include "soap/read/LibxmlSource.h"
 #include "soap/read/ReadLimits.h"
-
-#include <xercesc/util/XercesDefs.hpp>
+#include "soap/read/XercesSource.h"
 
 class BRIMInputStream;
 
-XERCES_CPP_NAMESPACE_BEGIN
-class ContentHandler;
-class DTDHandler;
-XERCES_CPP_NAMESPACE_END
-
 namespace korva {
 
-class ReadGuard;
+class DocumentReceiver;
 
 /// How an entry point of the library appears in back traces.
 struct EntryPoint {
@@ -23,33 +17,37 @@ struct EntryPoint {
     const char* call;      ///< adds its place to what passes through
 };
 
-/// Parses a stream into a handler and turns every failure into one of the library's exceptions,
-/// with the place in the document in the trace line of the entry point. No external entity or
-/// document type is opened.
-///
-/// Each parse has a parser of its own; only its memory is kept for the next. So a failure leaves
-/// nothing behind, and the XML platform may end and start again between two parses.
+/// Parses a stream into a reader and turns every failure into one of the library's exceptions, with
+/// the place in the document in the trace line of the entry point. Nothing but the stream is
+/// opened.
 class XmlReader {
 public:
+    /// Which source a document goes to.
+    enum class Choice {
+        ByDocument,  ///< by what its first bytes show
+        Xerces       ///< always that one: to compare the two
+    };
+
     ReadLimits& limits() { return m_limits; }
 
-    /// @param dtdHandler is told of a document type, or null
+    void setChoice(Choice choice) { m_choice = choice; }
+
     /// @throws KORVAException 0xEA441F8B or 0xEA49BA8D: the document is not well-formed, or an
-    ///     exception of no known kind arrived; 0xEA4F0001: a limit is exceeded
+    ///     exception of no known kind arrived; 0xEA4F0001: a limit is exceeded; 0xEA4EB50B: there
+    ///     is a document type where the limits refuse it
+    /// @throws ZELAssertError the document needs Xerces-C, which has not been initialised
     /// @throws ZELOutOfMemoryError no memory is left
     /// @throws ZELStdExceptionError any other standard exception
-    /// What the handler and the stream throw of ZELThrowable passes through.
-    void parse(BRIMInputStream& stream, xercesc::ContentHandler& handler,
-               xercesc::DTDHandler* dtdHandler, const EntryPoint& entryPoint);
+    /// What the reader and the stream throw of ZELThrowable passes through.
+    void parse(BRIMInputStream& stream, DocumentReceiver& reader, const EntryPoint& entryPoint);
 
 private:
-    class Parser;
-    class ParserOwner;
-
-    void runParser(BRIMInputStream& stream, ReadGuard& guard, xercesc::DTDHandler* dtdHandler);
+    void runSource(BRIMInputStream& stream, ReadGuard& guard);
 
     ReadLimits m_limits;
-    ParserMemory m_memory;
+    Choice m_choice = Choice::ByDocument;
+    LibxmlSource m_libxml;
+    XercesSource m_xerces;
 };
 
 }  // namespace korva

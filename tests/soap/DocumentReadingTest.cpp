@@ -105,14 +105,17 @@ TEST(DocumentReading, WhatIsNotWellFormedIsToldInTheParsersWords) {
             EXPECT_EQ(placeIn(line), place);
         }
     };
-    check("<root>\n<a></b></root>", "expected end of tag 'a'", "line 2, column 6, element /root/a");
-    check("no document", "invalid document structure", "line 1, column 1");
-    check("", "invalid document structure", "line 1, column 1");
-    check("<root>", "input ended before all started tags were ended; last tag started is 'root'",
-          "line 1, column 7, element /root");
-    check("<root>&nothing;</root>", "entity 'nothing' not found",
+    check("<root>\n<a></b></root>", "Opening and ending tag mismatch: a line 2 and b",
+          "line 2, column 8, element /root/a");
+    check("no document", "Start tag expected, '<' not found", "line 1, column 1");
+    check("", "Document is empty", "line 1, column 1");
+    check("<root>", "Premature end of data in tag root line 1", "line 1, column 7, element /root");
+    check("<root>&nothing;</root>", "Entity 'nothing' not defined",
           "line 1, column 16, element /root");
-    check("<p:root/>", "prefix 'p' can not be resolved to namespace URI", "line 1, column 10");
+    check("<p:root/>", "Namespace prefix p on root is not defined", "line 1, column 8");
+    // The other parser's.
+    check("<?xml version=\"1.1\"?><root>\n<a></b></root>", "expected end of tag 'a'",
+          "line 2, column 6, element /root/a");
 }
 
 TEST(DocumentReading, TheDeserializerServesFurtherCallsAfterAnyFailure) {

@@ -120,7 +120,7 @@ TEST(HostileInput, EntitiesThatExpandEntitiesEndAtTheLimit) {
                    repeated("&l" + std::to_string(i - 1) + ";", 10) + "'>";
     const std::string text = doctype + "]>" + operation("run", "<objectPath>&l9;</objectPath>");
     KORVASOAPMessageIDeserializer deserializer;
-    EXPECT_NUMBERED(readRequest(deserializer, text), 0xEA4F0001, soap, "entity expansions", "50000",
+    EXPECT_NUMBERED(readRequest(deserializer, text), 0xEA4F0001, soap, "entity expansions", "10000",
                     "setMaximumEntityExpansions");
     const auto trace = traceOf([&] { readRequest(deserializer, text); });
     ASSERT_EQ(trace.size(), 2U);
@@ -129,7 +129,7 @@ TEST(HostileInput, EntitiesThatExpandEntitiesEndAtTheLimit) {
     // In an attribute, too.
     EXPECT_NUMBERED(
         readRequest(deserializer, doctype + "]>" + operation("run", "<objectPath x='&l9;'/>")),
-        0xEA4F0001, soap, "entity expansions", "50000", "setMaximumEntityExpansions");
+        0xEA4F0001, soap, "entity expansions", "10000", "setMaximumEntityExpansions");
 }
 
 TEST(HostileInput, PredefinedEntitiesAreNoExpansions) {

@@ -11,7 +11,7 @@
 class KORVA_EXPORT KORVANamespaceMapping {
 public:
     KORVANamespaceMapping();
-    /// Frees the texts of all declarations.
+    /// Frees the texts that it took.
     virtual ~KORVANamespaceMapping();
     KORVANamespaceMapping(const KORVANamespaceMapping&) = delete;
     KORVANamespaceMapping& operator=(const KORVANamespaceMapping&) = delete;
@@ -20,6 +20,10 @@ public:
     /// clears the caller's pointers. A null `uri` is kept as null.
     /// @throws ZELOutOfMemoryError no memory is left; the texts stay the caller's
     void add(char*& prefix, char*& uri);
+
+    /// The same for texts that stay the caller's and live until the declaration is closed.
+    /// @throws ZELOutOfMemoryError no memory is left
+    void addBorrowed(const char* prefix, const char* uri);
 
     /// The URI of the newest declaration of `prefix`; null if there is none, or if its URI is null.
     /// Lives until that declaration is removed.
@@ -38,8 +42,11 @@ public:
 
 private:
     struct Declaration {
-        char* prefix;
-        char* uri;
+        const char* prefix;
+        const char* uri;
+        bool isOwned;
+
+        void free() const;
     };
 
     /// The newest declaration of `prefix`, or null.

@@ -3,17 +3,15 @@
 
 #include <korva/KORVAObjectRegistryI.h>
 #include <korva/KORVASOAPMessageIDeserializerI.h>
-#include <zel/I18NConverter.h>
 #include <zel/ZELOwner.h>
 #include <zel/ZELSmartPointer.h>
 
 #include <cstddef>
 
-class KORVAMessageIContentHandler;
-
 namespace korva {
+class MessageReader;
 class XmlReader;
-}
+}  // namespace korva
 
 /// Reads envelopes with a SAX2 parser, in one pass. Nothing outside the stream is opened, whatever
 /// the envelope refers to. Keeping a deserializer for further calls saves the set-up of its parser.
@@ -38,16 +36,36 @@ public:
     /// No text of an attribute can be much longer either. More ends in KORVAException 0xEA4F0001.
     void setMaximumText(std::size_t units);
 
-    /// How many entities of a document type may be expanded: 50,000 at first. More end in
-    /// KORVAException 0xEA4F0001.
+    /// How many bytes a start tag may have: 65,536 at first. A longer one ends in KORVAException
+    /// 0xEA4F0001.
+    void setMaximumStartTag(std::size_t bytes);
+
+    /// How many attributes and declarations of namespaces a start tag may have: 256 at first. More
+    /// end in KORVAException 0xEA4F0001.
+    void setMaximumAttributes(std::size_t attributes);
+
+    /// How many declarations of namespaces may be in scope at one place: 1,000 at first. More end
+    /// in KORVAException 0xEA4F0001.
+    void setMaximumDeclarations(std::size_t declarations);
+
+    /// How many entities of a document type, of both kinds, may be expanded: 10,000 at first. More
+    /// end in KORVAException 0xEA4F0001.
     void setMaximumEntityExpansions(std::size_t expansions);
 
+    /// How much text the entities and the default attributes of a document type may make, in UTF-16
+    /// units: 2^20 at first, and always ten times the document. More ends in KORVAException
+    /// 0xEA4F0001.
+    void setMaximumExpandedText(std::size_t units);
+
+    /// Whether an envelope with a document type ends in KORVAException 0xEA4EB50B, as SOAP has it;
+    /// not at first. A server should.
+    void setRefuseDocumentType(bool refuse);
+
 private:
-    void parse(BRIMInputStream& stream, KORVAMessageIContentHandler& handler);
+    void parse(BRIMInputStream& stream, korva::MessageReader& reader);
 
     ZELSmartPointer<KORVAObjectRegistryI> m_objectRegistry;  ///< of the last parse
     KORVAHalyardHeader* m_header;
-    I18NConverter m_converter;
     KORVA_AttachmentHandler* m_attachmentHandler;
     ZELOwner<korva::XmlReader> m_reader;
 };

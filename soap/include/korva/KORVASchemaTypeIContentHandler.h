@@ -6,19 +6,15 @@
 #include <zel/ZELOwner.h>
 
 #include <cstddef>
-#include <string>
-#include <string_view>
-#include <vector>
 
-class KORVAMessageIContentHandler;
 class KORVANamespaceMapping;
 class KORVAObjectRegistryI;
 class KORVA_AttachmentHandler;
-class KORVA_String;
 
 namespace korva {
-struct ReadingContext;
-}
+class RootReader;
+class WideEvents;
+}  // namespace korva
 
 /// Builds a typed value from the SAX2 events of one element and all that it holds. Everything that
 /// is built belongs to the registry, also after a failure.
@@ -28,7 +24,7 @@ struct ReadingContext;
 ///
 /// The items of a fault's `detail` (a KORVAFaultDetailArray) are undocumented details when they do
 /// not tell their type. The first one makes the value a KORVAUndocumentedFaultDetailArray, which
-/// takes the place of what was read before; a documented detail behind it ends in 0xEA4BCA5D.
+/// takes the place of what was read before; a documented detail behind it is skipped.
 ///
 /// Failures of the document are KORVAExceptions: 0xEA41D35C and 0xEA4152EA (child or text in a nil
 /// element), 0xEA40320B and 0xEA4ACDA5 (in a reference to an attachment), 0xEA4AA334 (child of a
@@ -63,7 +59,7 @@ public:
     ~KORVASchemaTypeIContentHandler() override;
 
     /// Who is told of references to attachments; null, as at first, refuses them. Not owned.
-    void setAttachmentHandler(KORVA_AttachmentHandler* handler) { m_attachmentHandler = handler; }
+    void setAttachmentHandler(KORVA_AttachmentHandler* handler);
 
     /// The type of the element under construction; e_Unknown in a skipped one.
     /// @throws ZELAssertError there is none
@@ -90,74 +86,9 @@ protected:
     bool takesText() const;
 
 private:
-    friend class KORVAMessageIContentHandler;
+    void storeResult();
 
-    /// An element under construction.
-    struct Entry {
-        const char* name;  ///< of the schema's words or of m_context; null in undocumented details
-        ObjectType type;
-        bool isArray;    ///< its children are items
-        bool isSimple;   ///< it has no children
-        bool takesText;  ///< text between its children is its own
-        bool setAtEnd;   ///< goes to the parent when it ends, as its text makes the value
-        void* value;     ///< null while the text has not made it
-        char* text;      ///< of a string whose value is made on the way to the parent
-        std::size_t textLength;
-        /// Where a number or boolean is kept that its parent copies; `value` is then null.
-        union {
-            int integer;
-            float number;
-            bool boolean;
-        } simple;
-
-        Entry(const char* n, ObjectType t, void* v) noexcept;
-    };
-
-    KORVASchemaTypeIContentHandler(const XMLCh* localName, const xercesc::Attributes& attributes,
-                                   KORVANamespaceMapping* namespaceMapping,
-                                   KORVAObjectRegistryI* registry, I18NConverter& converter,
-                                   ObjectType expectedType, korva::ReadingContext& context);
-
-    KORVANamespaceMapping& getNamespaceMapping() const;
-    const Entry& top() const;
-    Entry& top();
-    bool isRoot(const Entry& entry) const { return &entry == m_objStack.data(); }
-
-    void startRoot(const XMLCh* localName, const xercesc::Attributes& attributes,
-                   ObjectType expectedType);
-    void startItem(const char* name, ObjectType xsiType, ObjectType declared);
-    void startUndocumentedDetail();
-    void startDetailMessage(const char* name);
-    void startChild(const char* name, ObjectType xsiType, ObjectType declared);
-    void startText();
-    void skip();
-
-    Entry makeEntry(const char* name, ObjectType type);
-    KORVASchemaTypeI* makeObject(ObjectType type);
-    void registerSimpleValue(Entry& entry);
-    static void checkType(const char* name, const void* value, ObjectType objectType,
-                          ObjectType expectedType);
-
-    void setCurrentCharacterData(Entry& param);
-    void setString(Entry& param);
-    void setNumber(Entry& param);
-    void setBase64(Entry& param);
-    void setContent(Entry& param);
-    void referToAttachment(Entry& param);
-    void registerReference(KORVASchemaTypeI& object, ObjectType type, std::size_t position);
-    KORVA_String* takeText();
-    void setOnParent(Entry& child);
-
-    KORVANamespaceMapping* m_inScopePrefixesToNamespaceMappings;
-    std::vector<Entry> m_objStack;  ///< newest at the back
-    KORVAObjectRegistryI* m_objectRegistry;
-    ZELOwner<korva::ReadingContext> m_ownContext;  ///< unless it is the message handler's
-    korva::ReadingContext* m_context;
-    const char* m_nilElement = nullptr;  ///< name of the nil element that is open, or null
-    std::string m_contentId;
-    bool m_hasContentId = false;  ///< the element refers to the attachment m_contentId
-    bool m_hasText = false;       ///< the text of the element is being collected
-    KORVA_AttachmentHandler* m_attachmentHandler = nullptr;
-    int m_unknownDepth = 0;  ///< open elements of a skipped one, itself included
-    void** m_resultSlot = nullptr;
+    ZELOwner<korva::RootReader> m_reader;
+    ZELOwner<korva::WideEvents> m_events;
+    void** m_resultSlot;  ///< of a document, or null
 };

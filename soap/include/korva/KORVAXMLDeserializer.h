@@ -2,7 +2,6 @@
 #pragma once
 
 #include <korva/KORVAXMLDeserializerI.h>
-#include <zel/I18NConverter.h>
 #include <zel/ZELOwner.h>
 
 #include <cstddef>
@@ -29,7 +28,18 @@ public:
     /// attribute can be much longer either. More ends in KORVAException 0xEA4F0001.
     void setMaximumText(std::size_t units);
 
+    /// How many bytes a start tag may have: 65,536 at first. A longer one ends in KORVAException
+    /// 0xEA4F0001.
+    void setMaximumStartTag(std::size_t bytes);
+
+    /// How many attributes and declarations of namespaces a start tag may have: 256 at first. More
+    /// end in KORVAException 0xEA4F0001.
+    void setMaximumAttributes(std::size_t attributes);
+
+    /// How many declarations of namespaces may be in scope at one place: 1,000 at first. More end
+    /// in KORVAException 0xEA4F0001.
+    void setMaximumDeclarations(std::size_t declarations);
+
 private:
-    I18NConverter m_converter;
     ZELOwner<korva::XmlReader> m_reader;
 };

@@ -1,0 +1,134 @@
+/// The reader of one value: a parameter, a header entry, or what a document holds.
+#pragma once
+
+#include "core/Descriptor.h"
+#include "soap/read/DocumentReceiver.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+class KORVA_String;
+
+namespace korva {
+
+struct ReadingContext;
+struct TypeAttributes;
+
+/// Builds a typed value from an element and all that it holds. What is built belongs to the
+/// registry, also after a failure. What it raises, KORVASchemaTypeIContentHandler tells.
+///
+/// The elements under construction stand on a list, one frame each, and the newest frame's kind is
+/// the state of the reader. A skipped element is one frame, whatever it holds.
+class ValueReader {
+public:
+    /// @param context must outlive the reader
+    explicit ValueReader(ReadingContext& context) : m_context(context) {}
+
+    /// Begins with a root of which the parent knows the type, or e_Unknown.
+    void startRoot(const Element& element, ObjectType expectedType);
+    /// Begins with a root of which only the root knows the type.
+    void startDocumentRoot(const Element& element);
+    void startElement(const Element& element);
+    void text(std::string_view piece);
+    /// Ends the innermost element.
+    /// @return the value of a root that is an object, otherwise null
+    KORVASchemaTypeI* endElement();
+
+    bool isEmpty() const { return m_objStack.empty(); }
+    bool isSkipping() const {
+        return !m_objStack.empty() && m_objStack.back().kind == Kind::Skipped;
+    }
+    /// Whether text that comes now is part of a value.
+    bool takesText() const { return !m_objStack.empty() && isMadeOfText(m_objStack.back()); }
+
+    /// The type of the innermost element; e_Unknown in a skipped one.
+    /// @throws ZELAssertError there is none
+    ObjectType type() const;
+    /// Ends the text of the innermost element and gives its value. Null for a nil element, in a
+    /// skipped one, and when there is none.
+    void* value();
+
+    /// @throws ZELAssertError an element has not ended
+    void assertNothingIsOpen() const;
+
+    /// Forgets all frames.
+    void clear() { m_objStack.clear(); }
+
+private:
+    /// What an element is, and so what may stand in it.
+    enum class Kind : std::uint8_t {
+        Fields,   ///< an object of the tables; its children are its fields
+        Items,    ///< an array; its children are its items
+        Asked,    ///< an object that stands in no table; it is asked about each child
+        Content,  ///< an object that is made of its text
+        Text,     ///< a text
+        Binary,   ///< a binary, made of its text
+        Number,   ///< a number or boolean, made of its text
+        Made,     ///< one of the last four, its value being made: what follows is nobody's
+        Nil,      ///< nothing may stand in it
+        Skipped   ///< nobody's, with all that it holds
+    };
+
+    struct Frame {
+        Kind kind;
+        bool refers;       ///< stands for the attachment m_contentId: nothing may stand in it
+        ObjectType type;   ///< of the value
+        const char* name;  ///< null in undocumented details
+        /// The object, text or binary as the registry has it; the place of a number. Null before
+        /// the text made it.
+        void* value;
+        const ClassDescriptor* fields;  ///< of Fields
+        /// Which field of the parent's record takes the value when the text has made it, or null.
+        const FieldDescriptor* field;
+        std::size_t length;  ///< of Skipped: the elements open in it; of a text made: its bytes
+    };
+
+    static bool isMadeOfText(const Frame& frame) {
+        return !frame.refers && frame.kind >= Kind::Content && frame.kind <= Kind::Number;
+    }
+    static KORVASchemaTypeI* objectOf(const Frame& frame) {
+        return static_cast<KORVASchemaTypeI*>(frame.value);
+    }
+
+    const Frame& top() const;
+    Frame& top();
+    bool isRoot(const Frame& frame) const { return &frame == m_objStack.data(); }
+
+    Frame& push(Kind kind, const char* name, ObjectType type, void* value = nullptr);
+    Frame& pushNew(const char* name, ObjectType type);
+    Frame& pushObject(const char* name, ObjectType type, KORVASchemaTypeI* object);
+    void skip();
+    void startText(const TypeAttributes& told);
+
+    bool startField(const char* name, const TypeAttributes& told);
+    void startFieldOf(const FieldDescriptor& field, Record& record, const char* name,
+                      ObjectType xsiType);
+    bool startItem(const char* name, const TypeAttributes& told);
+    void startAsked(const char* name, const TypeAttributes& told);
+    void startUndocumentedDetail();
+    void startDetailMessage(const char* name);
+
+    void makeValue(Frame& frame);
+    void makeText(Frame& frame);
+    void makeNumber(const Frame& frame, void* place);
+    void makeBinary(Frame& frame);
+    void makeContent(Frame& frame);
+    void setOnParent(const Frame& child);
+    std::size_t setText(const Frame& parent, const Frame& child);
+    std::size_t setNumber(KORVASchemaTypeI& parent, const Frame& child);
+    void* makeNumberOfRoot(ObjectType type);
+    void* makeAttachedValue(ObjectType type);
+    void registerReference(KORVASchemaTypeI& object, std::size_t position);
+    KORVASchemaTypeI* makeObject(ObjectType type);
+    KORVA_String* takeText();
+    char* keepText();
+
+    ReadingContext& m_context;
+    std::vector<Frame> m_objStack;  ///< newest at the back
+    std::string m_contentId;
+};
+
+}  // namespace korva
