@@ -225,12 +225,14 @@ void LibxmlSource::Parse::run() {
 
     m_guard.startDocument();
     xmlParseDocument(&m_context);
-    if (m_failure == nullptr) m_failure = m_streamFailure;
+    guarded([this] {
+        if (m_streamFailure) std::rethrow_exception(m_streamFailure);
+        if (m_context.errNo == XML_ERR_NO_MEMORY) throw std::bad_alloc();
+        if (!m_context.wellFormed || !m_isAtEnd)
+            throw NotWellFormed{"The document is not well-formed."};
+        m_guard.endDocument();
+    });
     if (m_failure) std::rethrow_exception(m_failure);
-    if (m_context.errNo == XML_ERR_NO_MEMORY) throw std::bad_alloc();
-    if (!m_context.wellFormed || !m_isAtEnd)
-        throw NotWellFormed{"The document is not well-formed."};
-    m_guard.endDocument();
     xmlCtxtReset(&m_context);
 }
 
@@ -317,7 +319,6 @@ int LibxmlSource::Parse::read(char* buffer, std::size_t size) {
         return static_cast<int>(fill(buffer, size));
     } catch (...) {
         m_streamFailure = std::current_exception();
-        m_guard.notePosition(position(0));
         return 0;
     }
 }

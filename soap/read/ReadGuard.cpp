@@ -5,6 +5,7 @@
 
 #include <i18n/KORVAMessageId.h>
 
+#include <new>
 #include <string_view>
 
 namespace korva {
@@ -27,11 +28,21 @@ std::size_t countOfLongPath(Iterator name, Iterator end) {
 
 }  // namespace
 
-std::string ReadGuard::place() const {
+void ReadGuard::notePosition(DocumentPosition position) noexcept {
+    if (m_isPlaceNoted) return;
+    m_isPlaceNoted = true;
+    try {
+        m_place = placeAt(position);
+    } catch (const std::bad_alloc&) {  // NOLINT(bugprone-empty-catch)
+        // A trace line that lacks the place is better than none.
+    }
+}
+
+std::string ReadGuard::placeAt(DocumentPosition position) const {
     std::string text;
-    if (m_position.line != 0)
-        text = "line " + std::to_string(m_position.line) + ", column " +
-               std::to_string(m_position.column);
+    if (position.line != 0)
+        text =
+            "line " + std::to_string(position.line) + ", column " + std::to_string(position.column);
     if (m_path.empty()) return text;
 
     if (!text.empty()) text += ", ";

@@ -31,13 +31,12 @@ public:
 
     const ReadLimits& limits() const { return m_limits; }
 
-    /// Remembers where the source is, unless an earlier failure did.
-    void notePosition(DocumentPosition position) noexcept {
-        if (m_position.line == 0) m_position = position;
-    }
+    /// Remembers where the document is, unless an earlier failure did. The source and its names are
+    /// not needed behind this.
+    void notePosition(DocumentPosition position) noexcept;
 
     /// "line 3, column 14, element /Envelope/Body", as far as it is known. May be empty.
-    std::string place() const;
+    const std::string& place() const { return m_place; }
 
     void startDocument() override { m_reader.startDocument(); }
     void endDocument() override { m_reader.endDocument(); }
@@ -63,6 +62,7 @@ public:
     [[noreturn]] void refuseDocumentType() const;
 
 private:
+    std::string placeAt(DocumentPosition position) const;
     [[noreturn]] void refuse(const char* what, std::size_t limit, const char* setter) const;
 
     DocumentReceiver& m_reader;
@@ -72,7 +72,8 @@ private:
     std::size_t m_declarations = 0;     ///< in scope
     std::size_t m_ownDeclarations = 0;  ///< of the start tag that is coming
     std::size_t m_textLeft;
-    DocumentPosition m_position;  ///< of the failure
+    bool m_isPlaceNoted = false;
+    std::string m_place;  ///< of the failure
 };
 
 }  // namespace korva

@@ -147,12 +147,11 @@ private:
 /// The document's bytes. What the stream throws leaves the parse as the same exception.
 class XercesSource::Input final : public xercesc::InputSource {
 public:
-    Input(DocumentBytes& bytes, bool isUtf8, ReadGuard& guard, EntityBudget& budget,
-          Handler& handler, ParserMemory& memory)
+    Input(DocumentBytes& bytes, bool isUtf8, EntityBudget& budget, Handler& handler,
+          ParserMemory& memory)
         : InputSource(&memory),
           m_bytes(bytes),
           m_isUtf8(isUtf8),
-          m_guard(guard),
           m_budget(budget),
           m_handler(handler) {}
 
@@ -190,7 +189,6 @@ private:
 
     DocumentBytes& m_bytes;
     const bool m_isUtf8;
-    ReadGuard& m_guard;
     EntityBudget& m_budget;
     Handler& m_handler;
 };
@@ -242,11 +240,8 @@ private:
     xercesc::SAX2XMLReaderImpl* m_parser;
 };
 
-void XercesSource::run(DocumentBytes& bytes, bool isUtf8, ReadGuard& guard) {
+void XercesSource::run(Input& input, Handler& handler, EntityBudget& budget) {
     using xercesc::XMLUni;
-    EntityBudget budget(guard.limits(), guard);
-    Handler handler(guard, budget);
-    Input input(bytes, isUtf8, guard, budget, handler, m_memory);
     // The parser makes one of its readers for the document and one for each expansion of an entity
     // of either kind, and tells nobody of those in attributes and in the document type.
     const ParserMemory::Watch watch(m_memory, sizeof(xercesc::XMLReader), [&](std::size_t count) {
@@ -280,8 +275,11 @@ void XercesSource::parse(DocumentBytes& bytes, bool isUtf8, ReadGuard& guard) {
                                  ? 4 * text + fixedSize
                                  : std::numeric_limits<std::size_t>::max() / 2);
     m_memory.trim();  // a failure may have left much behind
+    EntityBudget budget(guard.limits(), guard);
+    Handler handler(guard, budget);
+    Input input(bytes, isUtf8, budget, handler, m_memory);
     try {
-        run(bytes, isUtf8, guard);
+        run(input, handler, budget);
     } catch (const ParserMemory::BlockTooLarge&) {
         guard.refuseText();
     } catch (const xercesc::SAXParseException& exception) {

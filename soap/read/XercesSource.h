@@ -3,11 +3,10 @@
 
 #include "soap/read/ParserMemory.h"
 
-#include <zel/I18NConverter.h>
-
 namespace korva {
 
 class DocumentBytes;
+class EntityBudget;
 class ReadGuard;
 
 /// Tells a reader of documents that Xerces-C parses. No external entity or document type is opened.
@@ -30,7 +29,7 @@ private:
     class Input;
     class ParserOwner;
 
-    void run(DocumentBytes& bytes, bool isUtf8, ReadGuard& guard);
+    void run(Input& input, Handler& handler, EntityBudget& budget);
 
     ParserMemory m_memory;
 };

@@ -25,25 +25,16 @@ namespace korva {
 
 namespace {
 
-/// Where the parse failed, or the empty text. Does not throw: a trace line that lacks the place is
-/// better than none.
-std::string place(const ReadGuard& guard) noexcept {
-    try {
-        return guard.place();
-    } catch (const std::bad_alloc&) {
-        return {};
-    }
-}
-
-const char* orNull(const std::string& text) {
-    return text.empty() ? nullptr : text.c_str();
+/// Where the parse failed, or null.
+const char* place(const ReadGuard& guard) {
+    return guard.place().empty() ? nullptr : guard.place().c_str();
 }
 
 /// Throws `exception` with a trace line that tells the place in the document.
 template <class Exception>
 [[noreturn]] void raiseAt(const ReadGuard& guard, Exception exception, ZELFileLocation location,
                           const char* function) {
-    exception.addBackTrace(location, function, "ZEL_THROW", orNull(place(guard)));
+    exception.addBackTrace(location, function, "ZEL_THROW", place(guard));
     throw exception;
 }
 
@@ -103,7 +94,7 @@ void XmlReader::parse(BRIMInputStream& stream, DocumentReceiver& reader,
     } catch (const xercesc::SAXException& exception) {
         raiseParseError(guard, utf8(exception.getMessage()), ZEL_LOCATION, entryPoint.function);
     } catch (ZELThrowable& throwable) {
-        ZEL_RETHROW(throwable, entryPoint.call, orNull(place(guard)));
+        ZEL_RETHROW(throwable, entryPoint.call, place(guard));
     } catch (const xercesc::OutOfMemoryException&) {
         raiseAt(guard, ZELOutOfMemoryError(), ZEL_LOCATION, entryPoint.call);
     } catch (const std::bad_alloc&) {

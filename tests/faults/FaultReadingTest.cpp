@@ -357,9 +357,20 @@ TEST(FaultReading, TheFirstUndocumentedDetailTakesThePlaceOfDocumentedOnes) {
     EXPECT_STREQ(details.at(0)->getSeverity(), "a");
 }
 
-TEST(FaultReading, ADocumentedDetailBehindAnUndocumentedOneIsRefused) {
-    EXPECT_NUMBERED(receiveFault(withDetail("<x/><y xsi:type=\"bus:faultDetail\"/>")), 0xEA4BCA5DU,
-                    valueStart, "bus:faultDetail", "KORVAUndocumentedFaultDetail");
+TEST(FaultReading, ADocumentedDetailBehindAnUndocumentedOneIsSkipped) {
+    const KORVASOAPFaultException fault =
+        receiveFault(withDetail("<x><errorCode>E1</errorCode></x>"
+                                "<y xsi:type=\"bus:faultDetail\"><errorCode>E2</errorCode></y>"
+                                "<x><errorCode>E3</errorCode></x>"));
+    const KORVAUndocumentedFaultDetailArray* const details =
+        fault.getSOAPFault().getUndocumentedDetail();
+    ASSERT_NE(details, nullptr);
+    ASSERT_EQ(details->size(), 2U);
+    EXPECT_STREQ(details->at(0)->getErrorCodeString(), "E1");
+    EXPECT_STREQ(details->at(1)->getErrorCodeString(), "E3");
+    // An item of another type is no detail of either kind.
+    EXPECT_NUMBERED(receiveFault(withDetail("<x/><y xsi:type=\"bus:folder\"/>")), 0xEA4BCA5DU,
+                    valueStart, "bus:folder", "KORVAUndocumentedFaultDetail");
 }
 
 TEST(FaultReading, OutsideOfAFaultDetailsMustTellTheirType) {
