@@ -4,11 +4,24 @@
 #include <brim/BRIMOutputStream.h>
 #include <korva/KORVA_Streamable.h>
 #include <zel/ZELAssert.h>
+#include <zel/ZELByteBuffer.h>
 #include <zel/ZELFrame.h>
 
+#include <cstdlib>
 #include <cstring>
 #include <limits>
 #include <new>
+
+namespace {
+
+/// Memory for the bytes of a value, with those that stand in `present`, which is taken.
+char* allocate(char* present, std::size_t size) {
+    void* const memory = std::realloc(present, size);
+    if (memory == nullptr) throw std::bad_alloc();
+    return static_cast<char*>(memory);
+}
+
+}  // namespace
 
 KORVAXSBase64Binary::KORVAXSBase64Binary()
     : m_streamable(nullptr), m_buffer(nullptr), m_length(0), m_capacity(0), m_isContentId(false) {}
@@ -19,7 +32,7 @@ KORVAXSBase64Binary::KORVAXSBase64Binary(const char* data, std::size_t length)
     if (length == 0) length = std::strlen(data);
     if (length == 0) return;
     ZEL_TRY {
-        m_buffer = new char[length];
+        m_buffer = allocate(nullptr, length);
         std::memcpy(m_buffer, data, length);
         m_length = m_capacity = length;
     }
@@ -34,7 +47,7 @@ KORVAXSBase64Binary::~KORVAXSBase64Binary() {
 }
 
 void KORVAXSBase64Binary::release() {
-    if (m_capacity != 0) delete[] m_buffer;
+    if (m_capacity != 0) std::free(m_buffer);
     m_buffer = nullptr;
     m_length = m_capacity = 0;
 }
@@ -49,10 +62,7 @@ void KORVAXSBase64Binary::append(const char* data, std::size_t length) {
             throw std::bad_alloc();
         if (m_capacity < held + length) {
             const std::size_t capacity = m_capacity + 2 * length;
-            char* const buffer = new char[capacity];
-            if (held != 0) std::memcpy(buffer, m_buffer, held);
-            if (m_capacity != 0) delete[] m_buffer;
-            m_buffer = buffer;
+            m_buffer = allocate(m_capacity != 0 ? m_buffer : nullptr, capacity);
             m_capacity = capacity;
         }
         m_streamable = nullptr;
@@ -62,6 +72,15 @@ void KORVAXSBase64Binary::append(const char* data, std::size_t length) {
         m_length += length;
     }
     ZEL_CATCH("KORVAXSBase64Binary::append");
+}
+
+void KORVAXSBase64Binary::adopt(ZELByteBuffer& buffer) {
+    release();
+    m_streamable = nullptr;
+    m_length = buffer.pcount();
+    m_capacity = buffer.capacity() + 1;
+    m_buffer = buffer.release();
+    if (m_length == 0) release();
 }
 
 void KORVAXSBase64Binary::reference(const char* data, std::size_t length) {

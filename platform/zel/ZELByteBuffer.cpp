@@ -1,12 +1,11 @@
 #include "zel/ZELByteBuffer.h"
 
-#include <zel/ZELFrame.h>
 #include <zel/ZELOutOfMemoryError.h>
 #include <zel/ZELThrow.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <limits>
-#include <new>
 #include <utility>
 
 namespace {
@@ -51,7 +50,7 @@ ZELByteBuffer& ZELByteBuffer::operator=(ZELByteBuffer&& other) noexcept {
 }
 
 ZELByteBuffer::~ZELByteBuffer() {
-    delete[] m_pBuffer;
+    std::free(m_pBuffer);
 }
 
 void ZELByteBuffer::reserve(std::size_t length) {
@@ -60,15 +59,20 @@ void ZELByteBuffer::reserve(std::size_t length) {
 
 void ZELByteBuffer::shrinkToFit() noexcept {
     if (m_length == m_capacity) return;
-    char* smaller = nullptr;
-    if (m_length != 0) {
-        smaller = new (std::nothrow) char[m_length + 1];
-        if (!smaller) return;
-        std::memcpy(smaller, m_pBuffer, m_length + 1);
+    if (m_length == 0) {
+        std::free(release());
+        return;
     }
-    delete[] m_pBuffer;
+    char* const smaller = static_cast<char*>(std::realloc(m_pBuffer, m_length + 1));
+    if (smaller == nullptr) return;
     m_pBuffer = smaller;
     m_capacity = m_length;
+}
+
+char* ZELByteBuffer::release() noexcept {
+    m_length = 0;
+    m_capacity = 0;
+    return std::exchange(m_pBuffer, nullptr);
 }
 
 void ZELByteBuffer::truncate(std::size_t length) noexcept {
@@ -97,16 +101,11 @@ void ZELByteBuffer::grow(std::size_t more) {
 }
 
 void ZELByteBuffer::reallocate(std::size_t capacity) {
-    if (capacity > limit) ZEL_THROW(ZELOutOfMemoryError(), "ZELByteBuffer::reallocate");
-    ZEL_TRY {
-        char* buffer = new char[capacity + 1];
-        if (m_pBuffer) {
-            std::memcpy(buffer, m_pBuffer, m_length);
-            delete[] m_pBuffer;
-        }
-        buffer[m_length] = '\0';
-        m_pBuffer = buffer;
-        m_capacity = capacity;
-    }
-    ZEL_CATCH("ZELByteBuffer::reallocate");
+    // Not by `new`: a large buffer grows where it stands, or is moved without a copy.
+    char* const buffer =
+        capacity <= limit ? static_cast<char*>(std::realloc(m_pBuffer, capacity + 1)) : nullptr;
+    if (buffer == nullptr) ZEL_THROW(ZELOutOfMemoryError(), "ZELByteBuffer::reallocate");
+    buffer[m_length] = '\0';
+    m_pBuffer = buffer;
+    m_capacity = capacity;
 }

@@ -61,6 +61,29 @@ private:
     std::array<Name, 512> m_known;
 };
 
+/// What the parser tells the thread instead of its own handler, when it runs out of memory, is not
+/// printed, and not kept for the next who asks.
+class SilentErrors {
+public:
+    SilentErrors()
+        : m_function(xmlStructuredError),
+          m_data(xmlStructuredErrorContext),
+          m_hadError(xmlGetLastError() != nullptr) {
+        xmlSetStructuredErrorFunc(nullptr, [](void*, xmlErrorPtr) {});
+    }
+    SilentErrors(const SilentErrors&) = delete;
+    SilentErrors& operator=(const SilentErrors&) = delete;
+    ~SilentErrors() {
+        xmlSetStructuredErrorFunc(m_data, m_function);
+        if (!m_hadError) xmlResetLastError();
+    }
+
+private:
+    xmlStructuredErrorFunc m_function;
+    void* m_data;
+    bool m_hadError;
+};
+
 }  // namespace
 
 /// A parser and the names that it has met.
@@ -102,21 +125,6 @@ public:
     void run();
 
 private:
-    /// Behaves as the thread's, while it lives, for what the parser tells without its context.
-    class SilentErrors {
-    public:
-        SilentErrors() : m_function(xmlStructuredError), m_data(xmlStructuredErrorContext) {
-            xmlSetStructuredErrorFunc(nullptr, [](void*, xmlErrorPtr) {});
-        }
-        SilentErrors(const SilentErrors&) = delete;
-        SilentErrors& operator=(const SilentErrors&) = delete;
-        ~SilentErrors() { xmlSetStructuredErrorFunc(m_data, m_function); }
-
-    private:
-        xmlStructuredErrorFunc m_function;
-        void* m_data;
-    };
-
     static Parse& of(void* data) { return *static_cast<Parse*>(data); }
 
     /// Calls `action` unless the parse failed before. No exception may go through the parser.
@@ -204,7 +212,6 @@ xmlSAXHandler LibxmlSource::Parse::handler() {
 }
 
 void LibxmlSource::Parse::run() {
-    const SilentErrors silence;
     m_context.userData = this;
     xmlCtxtUseOptions(&m_context, options);
     xmlParserInputBufferPtr buffer = xmlParserInputBufferCreateIO(
@@ -374,6 +381,8 @@ LibxmlSource::LibxmlSource() = default;
 LibxmlSource::~LibxmlSource() = default;
 
 void LibxmlSource::parse(DocumentBytes& bytes, ReadGuard& guard) {
+    xmlInitParser();
+    const SilentErrors silence;
     // A parser that fails is not used again.
     std::unique_ptr<Parser> parser = std::move(m_parser);
     if (parser == nullptr) {

@@ -1,7 +1,6 @@
 #include "soap/read/ReadGuard.h"
 
 #include "core/NumberedError.h"
-#include "soap/read/Utf16.h"
 
 #include <i18n/KORVAMessageId.h>
 
@@ -121,13 +120,6 @@ void ReadGuard::startElement(const Element& element) {
     m_ownDeclarations = 0;
     m_path.push_back(element.localName);
     m_reader.startElement(element);
-}
-
-void ReadGuard::text(std::string_view piece) {
-    const std::size_t units = utf16Length(piece);
-    if (units > m_textLeft) refuseText();
-    m_textLeft -= units;
-    m_reader.text(piece);
 }
 
 void ReadGuard::endElement() {

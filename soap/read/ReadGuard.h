@@ -3,6 +3,7 @@
 
 #include "soap/read/DocumentReceiver.h"
 #include "soap/read/ReadLimits.h"
+#include "soap/read/Utf16.h"
 
 #include <cstddef>
 #include <string>
@@ -43,7 +44,12 @@ public:
     void startPrefix(const char* prefix, const char* uri) override;
     void endPrefix(const char* prefix) override;
     void startElement(const Element& element) override;
-    void text(std::string_view piece) override;
+    void text(std::string_view piece) override {
+        const std::size_t units = utf16Length(piece);
+        if (units > m_textLeft) refuseText();
+        m_textLeft -= units;
+        m_reader.text(piece);
+    }
     void endElement() override;
 
     // What a source finds before there is an event.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "soap/read/TextStore.h"
+#include "soap/read/TypeAttributes.h"
 #include "soap/read/TypeNames.h"
 
 #include <zel/ZELByteBuffer.h>
@@ -20,6 +21,7 @@ struct ReadingContext {
     KORVAObjectRegistryI* registry;                        ///< owner of all that is read
     KORVA_AttachmentHandler* attachmentHandler = nullptr;  ///< null refuses references
 
+    AttributeNamespaces attributeNamespaces;
     TypeNames types;
     TextStore texts;
     ZELByteBuffer text{ZELByteBuffer::eGrowGeometric, 512};  ///< of the current element so far

@@ -1,34 +1,28 @@
 #include "soap/read/TypeAttributes.h"
 
-#include <i18n/KORVAI18NRes.h>
-
 namespace korva {
 
 namespace {
 
 constexpr std::string_view contentIdScheme = "cid:";
 
-bool is(const Attribute& attribute, KORVAI18NRes::Number uri, std::string_view localName) {
-    return attribute.localName == localName && attribute.uri == KORVAI18NRes::getView(uri);
-}
-
 }  // namespace
 
-TypeAttributes::TypeAttributes(const Element& element) {
+TypeAttributes::TypeAttributes(const Element& element, AttributeNamespaces& namespaces) {
     for (const Attribute& attribute : element.attributes) {
         if (attribute.localName.empty()) continue;
         // The names differ in their first letter.
         switch (attribute.localName.front()) {
             case 't':
-                if (is(attribute, KORVAI18NRes::eSchemaInstanceNamespace, "type"))
+                if (attribute.localName == "type" && namespaces.isSchemaInstance(attribute.uri))
                     type = attribute.value;
                 break;
             case 'a':
-                if (is(attribute, KORVAI18NRes::eSoapEncodingNamespace, "arrayType"))
+                if (attribute.localName == "arrayType" && namespaces.isSoapEncoding(attribute.uri))
                     arrayType = attribute.value;
                 break;
             case 'n':
-                if (is(attribute, KORVAI18NRes::eSchemaInstanceNamespace, "nil"))
+                if (attribute.localName == "nil" && namespaces.isSchemaInstance(attribute.uri))
                     isNil = attribute.value == "true";
                 break;
             case 'h':

@@ -49,10 +49,20 @@ bool is(const char* uri, KORVAI18NRes::Number number) {
 }  // namespace
 
 std::size_t TypeNames::Recent::positionOf(std::string_view name) {
-    std::uint32_t hash = 0;
-    for (const char c : name)
-        hash = hash * 31 + static_cast<unsigned char>(c);
-    return (hash ^ hash >> 12U) % entryCount;
+    // Types that share a prefix differ in their ends and in their lengths.
+    constexpr std::size_t wordSize = sizeof(std::uint64_t);
+    std::uint64_t word = 0;
+    if (name.size() >= wordSize)
+        std::memcpy(&word, name.data() + name.size() - wordSize, wordSize);
+    else
+        std::memcpy(&word, name.data(), name.size());
+    word = (word ^ name.size() << 5U) * 0x9E3779B97F4A7C15U;
+    if (name.size() >= 2 * wordSize) {
+        std::uint64_t before = 0;
+        std::memcpy(&before, name.data() + name.size() - 2 * wordSize, wordSize);
+        word = (word ^ before) * 0x9E3779B97F4A7C15U;
+    }
+    return static_cast<std::size_t>(word >> 32U) % entryCount;
 }
 
 const TypeNames::ObjectType* TypeNames::Recent::find(std::string_view name,

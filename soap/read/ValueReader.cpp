@@ -146,7 +146,7 @@ void ValueReader::startRoot(const Element& element, ObjectType expectedType) {
     // clang-format off
     ZEL_ASSERT((localname != NULL) && (strlen( localname ) > 0));
     // clang-format on
-    const TypeAttributes told(element);
+    const TypeAttributes told(element, m_context.attributeNamespaces);
     ObjectType type = m_context.types.resolve(told, *m_context.mapping, localname);
     if (type == KORVASchemaTypeI::e_Unknown) type = expectedType;
     if (type == KORVASchemaTypeI::e_Unknown) return skip();
@@ -162,7 +162,7 @@ void ValueReader::startRoot(const Element& element, ObjectType expectedType) {
 }
 
 void ValueReader::startDocumentRoot(const Element& element) {
-    const TypeAttributes told(element);
+    const TypeAttributes told(element, m_context.attributeNamespaces);
     if (told.isNil) {
         push(Kind::Nil, element.localName, KORVASchemaTypeI::e_Unknown);
         return;
@@ -183,7 +183,7 @@ void ValueReader::startElement(const Element& element) {
     if (parent.kind == Kind::Nil) KORVA_RAISE(eKORVA_ElementInNil, startElementLabel, parent.name);
     if (parent.refers)
         KORVA_RAISE(eKORVA_ElementInReference, startElementLabel, parent.name, m_contentId.c_str());
-    const TypeAttributes told(element);
+    const TypeAttributes told(element, m_context.attributeNamespaces);
     if (told.isNil) {
         push(Kind::Nil, name, KORVASchemaTypeI::e_Unknown);
         return;
@@ -367,17 +367,18 @@ std::size_t ValueReader::setText(const Frame& parent, const Frame& child) {
 
 // ----- text -----
 
-void ValueReader::text(std::string_view piece) {
+void ValueReader::append(std::string_view piece) {
+    ZELByteBuffer& buffer = m_context.text;
+    // A long text is moved less often than the buffer would by itself.
+    if (buffer.capacity() - buffer.pcount() < piece.size() && buffer.pcount() >= largeText)
+        buffer.reserve(2 * buffer.capacity() + piece.size());
+    buffer.appendChars(piece.data(), piece.size());
+}
+
+/// Text that is nobody's may stand in most elements.
+void ValueReader::refuseText() const {
     if (m_objStack.empty()) return;
     const Frame& frame = m_objStack.back();
-    if (isMadeOfText(frame)) {
-        ZELByteBuffer& buffer = m_context.text;
-        // A long text is moved less often than the buffer would by itself.
-        if (buffer.pcount() >= largeText && buffer.capacity() - buffer.pcount() < piece.size())
-            buffer.reserve(2 * buffer.capacity() + piece.size());
-        buffer.appendChars(piece.data(), piece.size());
-        return;
-    }
     if (frame.kind == Kind::Nil) KORVA_RAISE(eKORVA_TextInNil, charactersLabel, frame.name);
     if (frame.refers)
         KORVA_RAISE(eKORVA_TextInReference, charactersLabel, frame.name, m_contentId.c_str());
@@ -470,9 +471,15 @@ void ValueReader::makeBinary(Frame& frame) {
         if (count <= 0) break;
         length += static_cast<std::size_t>(count);
     }
-    frame.value = length != 0
-                      ? makeRegistered<KORVAXSBase64Binary>(*m_context.registry, bytes, length)
-                      : makeRegistered<KORVAXSBase64Binary>(*m_context.registry);
+    auto* const value = makeRegistered<KORVAXSBase64Binary>(*m_context.registry);
+    frame.value = value;
+    if (length >= largeText) {
+        m_context.text.truncate(length);
+        if (length < hugeText) m_context.text.shrinkToFit();
+        value->adopt(m_context.text);
+    } else if (length != 0) {
+        value->append(bytes, length);
+    }
 }
 
 void ValueReader::makeContent(Frame& frame) {

@@ -32,7 +32,12 @@ public:
     /// Begins with a root of which only the root knows the type.
     void startDocumentRoot(const Element& element);
     void startElement(const Element& element);
-    void text(std::string_view piece);
+    void text(std::string_view piece) {
+        if (takesText())
+            append(piece);
+        else
+            refuseText();
+    }
     /// Ends the innermost element.
     /// @return the value of a root that is an object, otherwise null
     KORVASchemaTypeI* endElement();
@@ -85,6 +90,9 @@ private:
         const FieldDescriptor* field;
         std::size_t length;  ///< of Skipped: the elements open in it; of a text made: its bytes
     };
+
+    void append(std::string_view piece);
+    void refuseText() const;
 
     static bool isMadeOfText(const Frame& frame) {
         return !frame.refers && frame.kind >= Kind::Content && frame.kind <= Kind::Number;

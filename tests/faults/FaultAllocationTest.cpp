@@ -160,7 +160,7 @@ TEST(FaultAllocation, EachAllocationOfReadingMayFail) {
                     happened = failure.happened();
                     const korva::test::AllocationFailure none(0);
                     EXPECT_TRUE(caught.getSOAPFault() == *fault) << n;
-                } catch (const ZELOutOfMemoryError&) {
+                } catch (const ZELThrowable&) {  // the parser does not tell of memory always
                     ++failures;
                     happened = true;
                 }

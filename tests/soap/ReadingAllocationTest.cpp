@@ -3,8 +3,19 @@
 #include "tests/support/AllocationFailure.h"
 #include "tests/support/ForEachFailingAllocation.h"
 
+#include <korva/KORVAAsynchReply.h>
+#include <korva/KORVAAsynchReplyStatusEnum.h>
+#include <korva/KORVAAsynchRun_Reply.h>
+#include <korva/KORVAAsynchRun_Request.h>
+#include <korva/KORVAHalyardHeader.h>
 #include <korva/KORVANamespaceMapping.h>
+#include <korva/KORVAParameterValue.h>
+#include <korva/KORVAParameterValueArray.h>
+#include <korva/KORVAProvider.h>
 #include <korva/KORVASOAPMessageIDeserializerFactory.h>
+#include <korva/KORVASearchPathSingleObject.h>
+#include <korva/KORVAStringArray.h>
+#include <korva/KORVAWarden.h>
 #include <korva/KORVAXMLDeserializerFactory.h>
 
 #include <gtest/gtest.h>
@@ -13,6 +24,7 @@
 
 namespace {
 
+using korva::test::Absorbed;
 using korva::test::Binding;
 using korva::test::document;
 using korva::test::DocumentReader;
@@ -38,29 +50,66 @@ const std::string& request() {
     return text;
 }
 
+// The parser gets through without some of what it asks for: it looks at the names of namespaces,
+// and goes on if it cannot.
+
+const char* pathOf(const Binding& binding) {
+    return static_cast<KORVAAsynchRun_Request&>(binding->getInputMessage())
+        .getObjectPath()
+        ->getValue();
+}
+
 TEST(ReadingAllocation, AFailureAtAServerLeavesNothingBehind) {
-    EXPECT_GT(forEachFailingAllocation([] { readRequest(request()); }), 30U);
+    EXPECT_GT(forEachFailingAllocation(
+                  [] {
+                      const Binding binding = readRequest(request());
+                      auto& run = static_cast<KORVAAsynchRun_Request&>(binding->getInputMessage());
+                      EXPECT_STREQ(pathOf(binding), "/a");
+                      ASSERT_EQ(run.getParameterValues()->size(), 1U);
+                      EXPECT_STREQ(run.getParameterValues()->at(0)->getName(), "p");
+                      EXPECT_STREQ(run.getHalyardHeader(nullptr)->getWarden()->getRoles().at(0),
+                                   "r\xC3\xA4");
+                  },
+                  Absorbed::Harmless),
+              30U);
 }
 
 TEST(ReadingAllocation, AFailureAtAClientLeavesNothingBehind) {
     const std::string text =
         operation("runResponse", "<result><status>complete</status></result>", header());
-    EXPECT_GT(forEachFailingAllocation([&] {
-                  const Binding call = makeCall(KORVAMessageI::eKORVAAsynchRun_Request);
-                  readReply(*call, text);
-              }),
+    EXPECT_GT(forEachFailingAllocation(
+                  [&] {
+                      const Binding call = makeCall(KORVAMessageI::eKORVAAsynchRun_Request);
+                      readReply(*call, text);
+                      auto& reply = static_cast<KORVAAsynchRun_Reply&>(call->getOutputMessage());
+                      EXPECT_STREQ(reply.getResult()->getStatus()->toString(), "complete");
+                  },
+                  Absorbed::Harmless),
               30U);
 }
 
 TEST(ReadingAllocation, AFailureInADocumentLeavesNothingBehind) {
     const std::string text = document("bus:provider", "<name>n</name><patch>1</patch>");
-    EXPECT_GT(forEachFailingAllocation([&] { DocumentReader().read(text); }), 15U);
+    EXPECT_GT(forEachFailingAllocation(
+                  [&] { EXPECT_STREQ(DocumentReader().read<KORVAProvider>(text).getName(), "n"); },
+                  Absorbed::Harmless),
+              30U);
 }
 
 TEST(ReadingAllocation, AFailureInADocumentTypeLeavesNothingBehind) {
     const std::string text = "<!DOCTYPE e [<!ENTITY a 'x'><!ENTITY b SYSTEM 'urn:b'>]>" +
                              operation("run", "<objectPath>&a;&b;</objectPath>");
-    EXPECT_GT(forEachFailingAllocation([&] { readRequest(text); }), 30U);
+    EXPECT_GT(forEachFailingAllocation([&] { EXPECT_STREQ(pathOf(readRequest(text)), "x"); },
+                                       Absorbed::Harmless),
+              30U);
+}
+
+TEST(ReadingAllocation, ADocumentThatIsNotWellFormedLeavesNothingBehind) {
+    const std::string text = document("bus:provider", "<name>n</mane>");
+    EXPECT_GT(
+        forEachFailingAllocation([&] { EXPECT_THROW(DocumentReader().read(text), ZELThrowable); },
+                                 Absorbed::Harmless),
+        15U);
 }
 
 TEST(ReadingAllocation, ADeserializerServesOnAfterEachFailure) {
@@ -75,7 +124,7 @@ TEST(ReadingAllocation, ADeserializerServesOnAfterEachFailure) {
                 const korva::test::AllocationFailure failure(n);
                 try {
                     readRequest(*deserializer, request());
-                } catch (const ZELOutOfMemoryError&) {
+                } catch (const ZELThrowable&) {
                     EXPECT_TRUE(failure.happened());
                 }
                 happened = happened || failure.happened();

@@ -1,14 +1,14 @@
 /// Lets a test make any chosen allocation of the program fail, and counts what is allocated.
 ///
 /// A program that uses this links `AllocationFailure.cpp`, which replaces the global `operator
-/// new`.
+/// new`, and `malloc` where no sanitizer does.
 #pragma once
 
 #include <cstddef>
 
 namespace korva::test {
 
-/// While it lives, the n-th `operator new` from its construction on fails, and no other. Counted
+/// While it lives, the n-th allocation from its construction on fails, and no other. Counted
 /// from 1; 0 lets all succeed.
 class AllocationFailure {
 public:
@@ -21,7 +21,7 @@ public:
     bool happened() const noexcept;
 };
 
-/// While it lives, every `operator new` fails.
+/// While it lives, every allocation fails.
 class NoMemory {
 public:
     NoMemory() noexcept;
@@ -30,10 +30,13 @@ public:
     ~NoMemory();
 };
 
-/// How many blocks of `operator new` are not yet freed.
+/// Whether blocks of `malloc` are among what fails and is counted.
+bool countsMalloc() noexcept;
+
+/// How many blocks are not yet freed.
 std::size_t liveAllocations() noexcept;
 
-/// How many blocks `operator new` has given so far.
+/// How many blocks were given so far.
 std::size_t allocationsSoFar() noexcept;
 
 /// Calls `action` with the first allocation failing, then with the second, and so on, until it

@@ -7,6 +7,7 @@
 
 class BRIMOutputStream;
 class KORVA_Streamable;
+class ZELByteBuffer;
 
 /// A value of `xs:base64Binary`. The bytes are copied into the value, or stay with the caller
 /// (`reference`), or come from a stream when the value is written.
@@ -29,6 +30,10 @@ public:
     ///     either
     /// @throws ZELOutOfMemoryError no memory is left; the value is unchanged
     void append(const char* data, std::size_t length);
+
+    /// Takes over the bytes of `buffer`, which is empty then, instead of what the value held. A
+    /// streamable is let go.
+    void adopt(ZELByteBuffer& buffer);
 
     /// Points at the caller's bytes, which must outlive the value. A `length` of 0 means
     /// `strlen(data)`; null empties the value. What the value owned is freed, a streamable let go.

@@ -63,6 +63,10 @@ public:
     /// bytes. Does nothing if there is no memory for the smaller allocation.
     void shrinkToFit() noexcept;
 
+    /// Gives the bytes, with their NUL, to the caller, who frees them with `std::free`, and forgets
+    /// them. Null if nothing was allocated.
+    char* release() noexcept;
+
     /// Cuts behind the first `length` bytes; does nothing if there are no more than that.
     void truncate(std::size_t length) noexcept;
 
