@@ -10,9 +10,23 @@
 
 namespace korva {
 
-/// How deep below its root an object must stand for the graph to be looked through. Trees are never
-/// that deep, and so pay for nothing but the comparison.
-inline constexpr std::size_t depthOfCycleCheck = 10000;
+/// Tells a walk when to look for a cycle below the object that it is at. Trees are never so deep,
+/// and so pay for nothing but the comparison; what is deep without a cycle is looked through seldom
+/// enough.
+class DepthWatch {
+public:
+    static constexpr std::size_t firstLook = 10000;
+
+    /// @param depth of the object; one more than that of the object which holds it
+    bool isDue(std::size_t depth) {
+        if (depth != m_nextLook) return false;
+        m_nextLook *= 2;
+        return true;
+    }
+
+private:
+    std::size_t m_nextLook = firstLook;
+};
 
 /// A place at which an object is held by what it holds itself.
 template <class Object>

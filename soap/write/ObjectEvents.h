@@ -78,8 +78,6 @@ public:
     /// @throws ZELAssertError `type` cannot be written, or an enumeration has no value
     /// @throws KORVAException 0xEA4F0005: the object holds itself
     void write(const void* object, ObjectType type, const ElementName& name, bool force) {
-        m_root = object;
-        m_depthOfLook = depthOfCycleCheck;
         writeElement({name, object, type}, force);
         while (!m_frames.empty())
             writeNextChild();
@@ -143,8 +141,7 @@ private:
     std::vector<Frame> m_frames;
     const ElementName* m_leaf = nullptr;  ///< of the value that is being written
     std::string_view m_parent;
-    const void* m_root = nullptr;
-    std::size_t m_depthOfLook = 0;  ///< where the graph is looked through for cycles
+    DepthWatch m_watch;
 };
 
 template <class Sink>
@@ -264,11 +261,7 @@ void ObjectEvents<Sink>::writeBinary(const KORVAXSBase64Binary& value) {
 template <class Sink>
 void ObjectEvents<Sink>::openObject(const Element& element, const TypeDescriptor* row) {
     if (m_frames.capacity() == 0) m_frames.reserve(initialFrames);
-    if (m_frames.size() == m_depthOfLook) {
-        // Only once: what holds nothing of itself never will.
-        m_depthOfLook = 0;
-        refuseCycle(asObject(m_root));
-    }
+    if (m_watch.isDue(m_frames.size())) refuseCycle(asObject(element.object));
     const ObjectType type = asObject(element.object).getObjectType();
     if (type != element.type) row = findType(type);
     const Frame& frame = m_frames.emplace_back(element, row, !m_writeNullElements);
