@@ -38,7 +38,7 @@ void CharacterStream::write(const char* bytes, std::size_t length) {
         std::size_t step = std::min(length, pieceSize - m_length);
         if (step < length) step -= cutAtEnd(bytes, step);
         if (step == 0) {
-            handOn();
+            finish();
             continue;
         }
         std::size_t written = 0;
@@ -49,14 +49,10 @@ void CharacterStream::write(const char* bytes, std::size_t length) {
     }
 }
 
-void CharacterStream::handOn() {
+void CharacterStream::finish() {
     const std::size_t length = m_length;
     m_length = 0;
     if (length != 0) m_receiver.characters(m_piece, length);
-}
-
-void CharacterStream::finish() {
-    handOn();
 }
 
 }  // namespace korva

@@ -25,8 +25,6 @@ public:
 private:
     static constexpr std::size_t pieceSize = 2048;
 
-    void handOn();
-
     ElementReceiver& m_receiver;
     std::size_t m_length = 0;
     XMLCh m_piece[pieceSize + 1];
