@@ -156,7 +156,7 @@ void registerAll(const std::string& name, const Subject& (*subject)(), double mu
 }  // namespace
 
 int main(int argc, char** argv) {
-    registerAll("reply_10MB", contentReply, 1.3, 1.1);
+    registerAll("reply_10MB", contentReply, 0.85, 0.6);
     registerAll("request", runRequest, 0, 0);
     registerAll("text_20MB", textRequest, 0, 0);
     return runBenchmarks(argc, argv);

@@ -5,7 +5,6 @@
 #include <zel/I18NConverter.h>
 
 #include <algorithm>
-#include <cstring>
 
 namespace korva {
 
@@ -34,35 +33,12 @@ std::size_t cutAtEnd(const char* bytes, std::size_t length) {
 }  // namespace
 
 void CharacterStream::write(const char* bytes, std::size_t length) {
-    while (m_cutLength != 0 && length != 0) {
-        if (!isContinuation(*bytes)) {
-            convertCut();
-            break;
-        }
-        m_cut[m_cutLength++] = *bytes++;
-        --length;
-        if (m_cutLength == sequenceLength(m_cut[0])) convertCut();
-    }
-    if (length == 0) return;
-    const std::size_t cut = cutAtEnd(bytes, length);
-    convert(bytes, length - cut);
-    std::memcpy(m_cut, bytes + length - cut, cut);
-    m_cutLength = cut;
-}
-
-void CharacterStream::convertCut() {
-    const std::size_t length = m_cutLength;
-    m_cutLength = 0;
-    convert(m_cut, length);
-}
-
-void CharacterStream::convert(const char* bytes, std::size_t length) {
     while (length != 0) {
         // No byte gives more than one unit.
         std::size_t step = std::min(length, pieceSize - m_length);
         if (step < length) step -= cutAtEnd(bytes, step);
         if (step == 0) {
-            handOn();
+            finish();
             continue;
         }
         std::size_t written = 0;
@@ -73,15 +49,10 @@ void CharacterStream::convert(const char* bytes, std::size_t length) {
     }
 }
 
-void CharacterStream::handOn() {
+void CharacterStream::finish() {
     const std::size_t length = m_length;
     m_length = 0;
     if (length != 0) m_receiver.characters(m_piece, length);
-}
-
-void CharacterStream::finish() {
-    convertCut();
-    handOn();
 }
 
 }  // namespace korva

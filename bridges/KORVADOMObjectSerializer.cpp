@@ -88,9 +88,13 @@ private:
 
 KORVADOMObjectSerializerI::~KORVADOMObjectSerializerI() = default;
 
-KORVADOMObjectSerializer::KORVADOMObjectSerializer() = default;
+KORVADOMObjectSerializer::KORVADOMObjectSerializer() : m_replaceInvalidText(false) {}
 
 KORVADOMObjectSerializer::~KORVADOMObjectSerializer() = default;
+
+void KORVADOMObjectSerializer::setReplaceInvalidText(bool replace) {
+    m_replaceInvalidText = replace;
+}
 
 ZELIDOM_Element KORVADOMObjectSerializer::serialize(const void* object, ObjectType type,
                                                     const char* name, ZELIDOM_Document ownerDoc) {
@@ -109,8 +113,9 @@ ZELIDOM_Element KORVADOMObjectSerializer::serializeObj(const void* object, Objec
     korva::assertWritable(object, type);
     ZEL_TRY {
         DocumentReceiver receiver(ownerDoc, targetNamespace);
-        korva::WideSink sink(receiver, {});
-        korva::ObjectEvents<korva::WideSink>(sink, false).write(object, type, name, true);
+        korva::WideSink sink(receiver, {}, m_replaceInvalidText);
+        korva::ObjectEvents<korva::WideSink>(sink, false)
+            .write(object, type, {korva::ElementName::Root, name}, true);
         return receiver.root();
     }
     ZEL_CATCH("KORVADOMObjectSerializer::serialize()");

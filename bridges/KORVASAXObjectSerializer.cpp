@@ -54,9 +54,14 @@ private:
 
 KORVASAXObjectSerializerI::~KORVASAXObjectSerializerI() = default;
 
-KORVASAXObjectSerializer::KORVASAXObjectSerializer() : m_writeNil(false) {}
+KORVASAXObjectSerializer::KORVASAXObjectSerializer()
+    : m_writeNil(false), m_replaceInvalidText(false) {}
 
 KORVASAXObjectSerializer::~KORVASAXObjectSerializer() = default;
+
+void KORVASAXObjectSerializer::setReplaceInvalidText(bool replace) {
+    m_replaceInvalidText = replace;
+}
 
 void KORVASAXObjectSerializer::serialize(const void* object, ObjectType type, const char* name,
                                          xercesc::ContentHandler& contentHandler) {
@@ -64,8 +69,9 @@ void KORVASAXObjectSerializer::serialize(const void* object, ObjectType type, co
     if (!m_writeNil) korva::assertWritable(object, type);
     ZEL_TRY {
         HandlerReceiver receiver(contentHandler);
-        korva::WideSink sink(receiver, korva::childPrefix);
-        korva::ObjectEvents<korva::WideSink>(sink, false).write(object, type, name, true);
+        korva::WideSink sink(receiver, korva::childPrefix, m_replaceInvalidText);
+        korva::ObjectEvents<korva::WideSink>(sink, false)
+            .write(object, type, {korva::ElementName::Root, name}, true);
         receiver.endRoot();
         return;
     }

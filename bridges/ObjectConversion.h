@@ -2,6 +2,7 @@
 #pragma once
 
 #include "bridges/ObjectModels.h"
+#include "core/CycleCheck.h"
 
 #include <brim/BRIMMemoryOutputStream.h>
 #include <korva/KORVATARNSupport.h>
@@ -41,6 +42,8 @@ public:
         while (!m_pending.empty()) {
             const Pending next = m_pending.back();
             m_pending.pop_back();
+            m_depth = next.depth;
+            if (m_watch.isDue(m_depth)) Source::refuseCycle(*next.source);
             copyChildren(*next.source, *next.target);
         }
     }
@@ -63,7 +66,7 @@ public:
         KnownType& known = m_known[static_cast<std::uint32_t>(type) % knownTypes];
         if (known.source != type || type == SourceType{}) known = {type, targetTypeOf(type)};
         TargetObject& target = createObject(known.target);
-        m_pending.push_back({&source, &target});
+        m_pending.push_back({&source, &target, m_depth + 1});
         return target;
     }
 
@@ -96,7 +99,7 @@ public:
 
     void copyArray(TargetObject& target, const char* name, const SourceObject& value) {
         if (TargetObject* const array = Target::childArray(target, name, m_registry))
-            m_pending.push_back({&value, array});
+            m_pending.push_back({&value, array, m_depth + 1});
     }
 
     void copyGenerated(TargetObject& target, const char* name, const SourceObject& value) {
@@ -193,6 +196,7 @@ private:
     struct Pending {
         const SourceObject* source;
         TargetObject* target;
+        std::size_t depth;
     };
 
     /// Types that have been looked up; objects of few types make up most of what there is.
@@ -250,6 +254,8 @@ private:
 
     typename Target::Registry& m_registry;
     std::vector<Pending> m_pending;
+    std::size_t m_depth = 0;  ///< of the object whose children are being copied
+    DepthWatch m_watch;
     std::vector<const char*> m_names;  ///< of the object whose children are being copied
     KnownType m_known[knownTypes];
 };

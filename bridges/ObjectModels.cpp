@@ -1,8 +1,8 @@
 #include "bridges/ObjectModels.h"
 
-#include <brim/BRIMGZIPInputStream.h>
-#include <brim/BRIMMemoryInputStream.h>
-#include <brim/BRIMMemoryOutputStream.h>
+#include "core/Expansion.h"
+
+#include <brim/BRIMOutputStream.h>
 #include <i18n/KORVAI18NRes.h>
 #include <korva/KORVAXSBase64Compressed.h>
 #include <korva/KORVA_Streamable.h>
@@ -23,21 +23,6 @@ void writeKept(const Binary& value, BRIMOutputStream& out) {
         out.write(bytes, value.pcount());
     else if (const auto* const streamable = value.streamable())
         *streamable >> out;
-}
-
-/// What gzip data expand to. They are taken from the stream by its own writing, which may be done
-/// again, unlike reading from it.
-void expand(const KORVA_Streamable& compressed, BRIMOutputStream& out) {
-    BRIMMemoryOutputStream bytes;
-    compressed >> bytes;
-    BRIMMemoryInputStream source(bytes.str(), bytes.pcount());
-    BRIMGZIPInputStream expanded(source);
-    char piece[16384];
-    for (;;) {
-        const long long count = expanded.read(piece, sizeof piece);
-        if (count <= 0) return;
-        out.write(piece, static_cast<std::size_t>(count));
-    }
 }
 
 }  // namespace
@@ -71,6 +56,24 @@ void KorvaModel::writeBytes(const Base64Binary& value, BRIMOutputStream& out) {
 
 void TarnModel::assertKnown(ObjectType tarnType) {
     ZEL_ASSERT(tarnType != TARNSchemaTypeI::e_Unknown);
+}
+
+void TarnModel::refuseCycle(const Object& root) {
+    std::vector<const char*> names;
+    const Cycle<Object> cycle = findCycle(root, [&](const Object& object, auto&& visit) {
+        Walk walk(object, names);
+        const char* name = nullptr;
+        ObjectType type{};
+        void* value = nullptr;
+        while (walk.next(name, type, value))
+            if (Factory::isGeneratedType(type))
+                visit(walk.isArray() ? "item" : name, static_cast<const Object*>(value));
+    });
+    if (cycle.object == nullptr) return;
+    const auto typeName = [](const Object& object) {
+        return Factory::getInstance().objectTypeToXSIType(object.getObjectType());
+    };
+    raiseCycle(typeName(*cycle.object), cycle.name, typeName(*cycle.holder));
 }
 
 TARNSchemaTypeI* TarnModel::childArray(Object& target, const char* name, Registry&) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/ChildWalk.h"
+#include "core/CycleCheck.h"
 
 #include <korva/KORVAObjectRegistryI.h>
 #include <korva/KORVASOAPFault.h>
@@ -74,6 +75,9 @@ struct KorvaModel {
     /// @throws ZELAssertError the type is unknown
     static void assertKnown(ObjectType type);
 
+    /// @throws KORVAException 0xEA4F0005: an object below `root`, or it itself, holds itself
+    static void refuseCycle(const Object& root) { korva::refuseCycle(root); }
+
     static bool isArrayType(ObjectType type) { return Factory::isArrayType(type); }
 
     /// The array child of `target` that elements go to; null when there is no child of this name.
@@ -134,6 +138,9 @@ struct TarnModel {
 
     /// @throws ZELAssertError the type is unknown
     static void assertKnown(ObjectType type);
+
+    /// @throws KORVAException 0xEA4F0005: an object below `root`, or it itself, holds itself
+    static void refuseCycle(const Object& root);
 
     static bool isArrayType(ObjectType type) { return Factory::isArrayType(type); }
 

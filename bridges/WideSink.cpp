@@ -14,22 +14,36 @@ void append(std::string_view text, std::u16string& result) {
 
 }  // namespace
 
-WideSink::WideSink(ElementReceiver& receiver, std::string_view rootPrefix)
+WideSink::WideSink(ElementReceiver& receiver, std::string_view rootPrefix, bool replaceInvalidText)
     : m_receiver(receiver),
       m_rootPrefix(rootPrefix),
       m_typeName(fixedName(KORVAI18NRes::eTypeAttribute)),
       m_arrayTypeName(fixedName(KORVAI18NRes::eArrayTypeAttribute)),
       m_busNamespace(fixedText(KORVAI18NRes::eBusNamespace)),
+      m_invalid(replaceInvalidText),
       m_characters(receiver) {}
 
 void WideSink::setName(const ElementName& name) {
     m_qName.clear();
     switch (name.form) {
         case ElementName::Root: append(m_rootPrefix, m_qName); break;
-        case ElementName::Child: append(childPrefix, m_qName); break;
+        case ElementName::Child:
+        case ElementName::GivenChild: append(childPrefix, m_qName); break;
         case ElementName::Item: append(itemName, m_qName); break;
     }
     m_prefixLength = name.form == ElementName::Item ? 0 : m_qName.size();
+    if (name.form == ElementName::Root || name.form == ElementName::GivenChild)
+        appendGiven(name.text);
+    else
+        append(name.text, m_qName);
+}
+
+/// A name that is no word of the schema.
+void WideSink::appendGiven(std::string_view text) {
+    StringStream name;
+    PlainTextStream stream(name, m_invalid);
+    stream.write(text.data(), text.size());
+    stream.close();
     append(name.text, m_qName);
 }
 

@@ -3,7 +3,9 @@
 
 #include "bridges/CharacterStream.h"
 #include "bridges/EventAttributes.h"
+#include "soap/write/InvalidText.h"
 #include "soap/write/ObjectEvents.h"
+#include "soap/write/TextStreams.h"
 
 #include <cstddef>
 #include <string>
@@ -17,11 +19,13 @@ class ElementReceiver;
 class WideSink {
 public:
     /// @param rootPrefix what stands before the name of the root
+    /// @param replaceInvalidText write U+FFFD for what no document can hold, instead of refusing it
     /// @throws ZELOutOfMemoryError no memory is left
-    WideSink(ElementReceiver& receiver, std::string_view rootPrefix);
+    WideSink(ElementReceiver& receiver, std::string_view rootPrefix, bool replaceInvalidText);
     WideSink(const WideSink&) = delete;
     WideSink& operator=(const WideSink&) = delete;
 
+    void setPlace(const TextPlace& place) { m_invalid.setPlace(place); }
     void startElement(const ElementName& name, std::size_t depth);
     void type(std::string_view text);
     void arrayType(std::string_view elementType, std::string_view brackets);
@@ -38,24 +42,29 @@ public:
 
     template <class Write>
     void characters(const Write& write) {
-        write(m_characters);
+        PlainTextStream text(m_characters, m_invalid);
+        write(text);
+        text.close();
         m_characters.finish();
     }
 
     template <class Write>
     void base64(const Write& write) {
-        characters(write);
+        write(m_characters);
+        m_characters.finish();
     }
 
     template <class Write>
     void reference(const Write& write) {
-        IdStream id;
-        write(id);
+        StringStream id;
+        PlainTextStream text(id, m_invalid);
+        write(text);
+        text.close();
         openReference(id.text);
     }
 
 private:
-    class IdStream final : public BRIMOutputStream {
+    class StringStream final : public BRIMOutputStream {
     public:
         void write(const char* bytes, std::size_t length) override { text.append(bytes, length); }
 
@@ -63,6 +72,7 @@ private:
     };
 
     void setName(const ElementName& name);
+    void appendGiven(std::string_view text);
     WideName name() const;
     void open();
     void openReference(std::string_view id);
@@ -72,6 +82,7 @@ private:
     const WideName m_typeName;
     const WideName m_arrayTypeName;
     const XMLCh* const m_busNamespace;
+    InvalidText m_invalid;
     std::u16string m_qName;  ///< of the element that starts or ends
     std::size_t m_prefixLength = 0;
     EventAttributes m_attributes;

@@ -9,6 +9,9 @@
 namespace korva {
 
 ChildWalk::ChildWalk(const KORVASchemaTypeI& object, bool skipUnset)
+    : ChildWalk(object, findType(object.getObjectType()), skipUnset) {}
+
+ChildWalk::ChildWalk(const KORVASchemaTypeI& object, const TypeDescriptor* type, bool skipUnset)
     : m_object(const_cast<KORVASchemaTypeI*>(&object)),  // reading without forWrite changes nothing
       m_class(nullptr),
       m_isArray(false),
@@ -19,7 +22,6 @@ ChildWalk::ChildWalk(const KORVASchemaTypeI& object, bool skipUnset)
       m_field(nullptr),
       m_levelEnd(nullptr),
       m_level(nullptr) {
-    const TypeDescriptor* const type = findType(object.getObjectType());
     // A class that somebody derived from a generated one, or wrote in its place, may answer
     // otherwise than the table says.
     const bool exact =

@@ -22,6 +22,8 @@ class ChildWalk {
 public:
     /// @param skipUnset pass over children whose value is null, but for arrays
     ChildWalk(const KORVASchemaTypeI& object, bool skipUnset);
+    /// The same for a caller who knows the row of the object's type, which may be null.
+    ChildWalk(const KORVASchemaTypeI& object, const TypeDescriptor* type, bool skipUnset);
 
     /// Whether the object has no child names at all.
     bool empty() const { return m_childCount == 0; }
@@ -29,6 +31,10 @@ public:
     bool isContent() const { return m_isContent; }
     /// Whether the object is an array, so that its children's names are numbers.
     bool isArray() const { return m_isArray; }
+    /// Whether the names are words of the schema, and not what the object says.
+    bool isDescribed() const { return m_class != nullptr; }
+    /// The number of the child that was visited last, from 1; not for classes.
+    std::size_t position() const { return m_position; }
 
     /// The next child; false behind the last.
     bool next(Child& child);

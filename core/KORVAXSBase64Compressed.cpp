@@ -1,8 +1,8 @@
 #include "korva/KORVAXSBase64Compressed.h"
 
+#include "core/Expansion.h"
+
 #include <brim/BRIMBase64OutputStream.h>
-#include <brim/BRIMGZIPInputStream.h>
-#include <korva/KORVA_Streamable.h>
 #include <zel/ZELFrame.h>
 
 KORVAXSBase64Compressed::KORVAXSBase64Compressed() : m_compressed(false) {}
@@ -20,14 +20,7 @@ void KORVAXSBase64Compressed::serialize(BRIMOutputStream& out) const {
     }
     ZEL_TRY {
         BRIMBase64OutputStream encoder(out);
-        // Reading moves the stream's position, which is no part of the value.
-        BRIMGZIPInputStream expanded(const_cast<KORVA_Streamable&>(*streamable()));
-        char piece[16384];
-        for (;;) {
-            const long long count = expanded.read(piece, sizeof piece);
-            if (count <= 0) break;
-            encoder.write(piece, static_cast<std::size_t>(count));
-        }
+        korva::expand(*streamable(), encoder);
         encoder.close();
     }
     ZEL_CATCH("KORVAXSBase64Compressed::serialize");

@@ -2,16 +2,13 @@
 
 #include "core/Descriptor.h"
 
+#include <i18n/KORVAI18NRes.h>
 #include <tarn/tarnsymbols1.h>
 #include <zel/ZELUtCrc32.h>
 
 #include <cstring>
 
 namespace korva {
-
-namespace {
-constexpr std::size_t busPrefixLength = sizeof "bus:" - 1;
-}
 
 std::uint32_t nameCrc(const char* name) {
     std::uint32_t crc = 0;
@@ -27,7 +24,7 @@ const char* word(std::uint32_t crc) {
 const char* xmlName(ObjectType type) {
     if (const HandWrittenType* const row = findHandWrittenType(type)) return row->xmlName;
     const TypeDescriptor* const row = findType(type);
-    return row != nullptr ? row->xsiName + busPrefixLength : "";
+    return row != nullptr ? row->xsiName + KORVAI18NRes::busPrefix().size() : "";
 }
 
 std::string className(ObjectType type) {

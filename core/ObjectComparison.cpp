@@ -1,6 +1,7 @@
 #include "core/ObjectComparison.h"
 
 #include "core/ArrayAccess.h"
+#include "core/CycleCheck.h"
 #include "core/Fields.h"
 #include "core/TextValue.h"
 
@@ -55,6 +56,9 @@ public:
         while (!m_pending.empty()) {
             const Pair pair = m_pending.back();
             m_pending.pop_back();
+            m_depth = pair.depth;
+            // Where one side has an end, so has the comparison.
+            if (m_watch.isDue(m_depth) && hasCycle(*pair.right)) refuseCycle(*pair.left);
             if (!equalObjects(*pair.left, *pair.right)) return false;
         }
         return true;
@@ -64,11 +68,12 @@ private:
     struct Pair {
         const KORVASchemaTypeI* left;
         const KORVASchemaTypeI* right;
+        std::size_t depth;
     };
 
     bool postpone(const KORVASchemaTypeI* left, const KORVASchemaTypeI* right) {
         if (left == nullptr || right == nullptr) return left == right;
-        if (left != right) m_pending.push_back({left, right});
+        if (left != right) m_pending.push_back({left, right, m_depth + 1});
         return true;
     }
 
@@ -132,6 +137,8 @@ private:
     }
 
     std::vector<Pair> m_pending;
+    std::size_t m_depth = 0;  ///< of the pair that is being compared
+    DepthWatch m_watch;
 };
 
 }  // namespace

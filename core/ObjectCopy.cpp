@@ -1,6 +1,7 @@
 #include "core/ObjectCopy.h"
 
 #include "core/ArrayAccess.h"
+#include "core/CycleCheck.h"
 #include "core/Fields.h"
 #include "core/Names.h"
 #include "core/TextValue.h"
@@ -46,7 +47,7 @@ public:
                 ArrayAccess::setSlot(target, i, element);
             } else if (element != nullptr) {
                 m_pending.push_back({static_cast<const KORVASchemaTypeI*>(element), elementType,
-                                     nullptr, &target, i});
+                                     m_depth + 1, nullptr, &target, i});
             }
         }
     }
@@ -55,6 +56,8 @@ public:
         while (!m_pending.empty()) {
             const Pending next = m_pending.back();
             m_pending.pop_back();
+            m_depth = next.depth;
+            if (m_watch.isDue(m_depth)) refuseCycle(*next.source);
             KORVASchemaTypeI* const copy = copyObject(*next.source);
             const bool fits = copy->isa(next.expected);
             if (next.array != nullptr) {
@@ -73,6 +76,7 @@ private:
     struct Pending {
         const KORVASchemaTypeI* source;
         ObjectType expected;
+        std::size_t depth;
         void* slot;
         KORVA_ArrayObject* array;
         std::size_t position;
@@ -88,7 +92,8 @@ private:
         switch (field.kind) {
             case FieldKind::Object:
                 if (const auto* child = load<const KORVASchemaTypeI*>(source, field.offset))
-                    m_pending.push_back({child, field.type, at(target, field.offset), nullptr, 0});
+                    m_pending.push_back(
+                        {child, field.type, m_depth + 1, at(target, field.offset), nullptr, 0});
                 break;
             case FieldKind::Text:
                 store(
@@ -144,6 +149,8 @@ private:
 
     KORVAObjectRegistryI& m_registry;
     std::vector<Pending> m_pending;
+    std::size_t m_depth = 0;  ///< of the object that is being copied
+    DepthWatch m_watch;
 };
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include "core/Fields.h"
 #include "core/Names.h"
 #include "messages/MessageDescriptor.h"
+#include "messages/ParameterWalk.h"
 
 #include <korva/KORVASchemaTypesFactory.h>
 #include <tarn/tarnsymbols1.h>
@@ -76,11 +77,7 @@ KORVAMessageI::ObjectType KORVA_MessageObject::getChildType(const char* name) co
     ZEL_ASSERT(name);
     const FieldDescriptor* const parameter = findParameter(descriptor(), name);
     if (parameter == nullptr) return KORVASchemaTypeI::e_Unknown;
-    if (parameter->kind == FieldKind::Object) {
-        const auto* const object = korva::load<void*>(*m_pPrivateData, parameter->offset);
-        if (object != nullptr) return static_cast<const KORVASchemaTypeI*>(object)->getObjectType();
-    }
-    return parameter->type;
+    return korva::typeOf(*parameter, *m_pPrivateData);
 }
 
 void KORVA_MessageObject::setChildObject(const char* name, void* value, const ObjectType& type) {

@@ -9,12 +9,14 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <typeinfo>
 
 namespace korva {
 
 struct MessageDescriptor {
     const char* name;  ///< "asynchRun_Request"
     KORVAMessageI::MessageType type;
+    const std::type_info* typeInfo;     ///< of the class
     const FieldDescriptor* parameters;  ///< in declared order; arrays are pointers here
     std::uint16_t parameterCount;
 

@@ -58,7 +58,11 @@ Error errorOf(const ZELMessageSet& failure) {
 
 std::string faultEnvelope(const KORVASOAPFault& fault) {
     BRIMMemoryOutputStream bytes;
-    KORVASOAPFaultSerializer().serialize(nullptr, fault, bytes, true, true);
+    KORVASOAPFaultSerializer serializer;
+    // A caller's words may stand in the texts, and the fault has to go out whatever they are.
+    serializer.setEscapeTexts(true);
+    serializer.setReplaceInvalidText(true);
+    serializer.serialize(nullptr, fault, bytes, true, true);
     return {bytes.str(), bytes.pcount()};
 }
 

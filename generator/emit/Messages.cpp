@@ -70,7 +70,7 @@ void printMessage(Printer& printer, const Message& message) {
     }
     printer.print(R"(
 constinit const korva::MessageDescriptor $name$Descriptor = {
-    "$name$", KORVAMessageI::e$class$, $params$, $count$};
+    "$name$", KORVAMessageI::e$class$, &typeid($class$), $params$, $count$};
 } // namespace
 
 inline $record$* $class$::data() const {

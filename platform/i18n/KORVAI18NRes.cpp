@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::array<std::string_view, 21> texts = {
     "http://schemas.xmlsoap.org/soap/encoding/",
-    "bus:",
+    KORVAI18NRes::busPrefix(),
     "http://www.w3.org/2001/XMLSchema",
     "http://www.w3.org/2001/XMLSchema-instance",
     "SOAP-ENC:Array",

@@ -19,7 +19,6 @@ public:
     void append(const char* bytes, std::size_t length);
     unsigned long long size() const noexcept { return fileSize() + m_rest.pcount(); }
     bool hasFile() const noexcept { return m_file.has_value(); }
-    void rewind() noexcept { m_position = 0; }
 
     long long read(char* buffer, std::size_t size) override {
         const std::size_t count = readAt(m_position, buffer, size);
@@ -28,6 +27,11 @@ public:
     }
 
     BRIMOutputStream& operator>>(BRIMOutputStream& out) const override;
+
+    bool rewind() noexcept override {
+        m_position = 0;
+        return true;
+    }
 
 private:
     unsigned long long fileSize() const noexcept { return m_file ? m_file->size() : 0; }

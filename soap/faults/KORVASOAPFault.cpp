@@ -130,7 +130,8 @@ KORVAUndocumentedFaultDetail& convert(const KORVAFaultDetail& source,
 KORVAFaultDetail& convert(const KORVAUndocumentedFaultDetail& source,
                           KORVAObjectRegistryI& registry) {
     auto& target = make<KORVAFaultDetail>(registry);
-    if (source.getSeverity() != nullptr)
+    // Of an empty text an enumeration would have no value, and could not be written.
+    if (source.getSeverity() != nullptr && *source.getSeverity() != '\0')
         target.getSeverity(&registry)->setValue(source.getSeverity());
     target.setErrorCode(source.getErrorCodeString());
     for (const KORVAMessage* const pMessage : source.getMessage()) {

@@ -1,7 +1,8 @@
 #include "korva/KORVASOAPFaultSerializer.h"
 
+#include "soap/write/EnvelopeFrame.h"
 #include "soap/write/ObjectWriter.h"
-#include "soap/write/WireTokens.h"
+#include "soap/write/TextStreams.h"
 
 #include <brim/BRIMOutputStream.h>
 #include <i18n/KORVAI18NRes.h>
@@ -18,20 +19,26 @@
 
 #include <algorithm>
 #include <cstring>
-#include <initializer_list>
+#include <string>
 #include <string_view>
 
 namespace {
 
+using korva::ElementName;
+using korva::EnvelopeFrame;
 using korva::ObjectWriter;
+using korva::WriteSettings;
 
 // Where the objects stand, less one.
-constexpr int headerIndent = 1;
 constexpr int exceptionIndent = 3;
 constexpr int exceptionChildIndent = 4;
 
-constexpr const char* headerName = "bus:halyardHeader";
-constexpr const char* exceptionName = "bus:exception";
+constexpr ElementName headerName = {ElementName::Child, "halyardHeader"};
+constexpr ElementName exceptionName = {ElementName::Child, "exception"};
+
+// What stands around them, for the paths of errors.
+constexpr std::string_view detailPath = "/Fault/detail";
+constexpr std::string_view exceptionPath = "/Fault/detail/exception";
 
 bool equalIgnoringCase(std::string_view left, std::string_view right) {
     const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? c - 'A' + 'a' : c; };
@@ -39,72 +46,84 @@ bool equalIgnoringCase(std::string_view left, std::string_view right) {
                       [lower](char a, char b) { return lower(a) == lower(b); });
 }
 
-/// The elements around the header and the details.
-class FrameWriter {
+/// The place of the fault's own texts.
+class FaultPlace final : public korva::TextPlace {
 public:
-    FrameWriter(BRIMOutputStream& stream, bool formatted)
-        : m_stream(stream), m_formatted(formatted) {}
+    explicit FaultPlace(std::string_view element) : m_element(element) {}
+    std::string path() const override { return "/Fault/" + std::string(m_element); }
 
-    void startLine(int level) {
-        if (m_formatted) put({korva::wire::manyTabs.data(), static_cast<std::size_t>(level)});
-    }
+private:
+    std::string_view m_element;
+};
 
-    void endLine() {
-        if (m_formatted) put(korva::wire::lineFeed);
-    }
+/// The elements of the fault itself.
+class FaultWriter {
+public:
+    FaultWriter(BRIMOutputStream& stream, EnvelopeFrame& frame, bool escapeTexts,
+                const WriteSettings& settings)
+        : m_stream(stream), m_frame(frame), m_escapeTexts(escapeTexts), m_settings(settings) {}
 
-    void line(int level, std::string_view text) {
-        startLine(level);
-        put(text);
-        endLine();
-    }
-
-    /// An element on one line.
-    template <class WriteContent>
-    void element(int level, std::string_view name, WriteContent writeContent) {
-        startLine(level);
-        for (const std::string_view token : {std::string_view("<"), name, std::string_view(">")})
-            put(token);
-        writeContent();
-        for (const std::string_view token : {std::string_view("</"), name, std::string_view(">")})
-            put(token);
-        endLine();
-    }
-
-    /// The text as it stands; nothing for null.
-    void text(const char* text) {
-        if (text == nullptr) return;
-        if (KORVA_CharStreamable::isCharStreamable(text))
-            KORVA_CharStreamable(text) >> m_stream;
-        else
-            put(text);
-    }
-
-    /// The text, with the envelope's prefix if its own stands for the envelope's namespace.
-    void faultCode(const char* code) {
-        if (code != nullptr && !KORVA_CharStreamable::isCharStreamable(code)) {
-            const std::string_view value = code;
-            const std::string_view prefix = value.substr(0, value.find(':'));
-            if (prefix.size() != value.size() &&
-                (equalIgnoringCase(prefix, "soapenv") || equalIgnoringCase(prefix, "soap-env"))) {
-                put("SOAP-ENV");
-                put(value.substr(prefix.size()));
-                return;
-            }
-        }
-        text(code);
+    /// An element on one line; null makes it empty.
+    void element(KORVAI18NRes::Number number, const char* value) {
+        const std::string_view name = KORVAI18NRes::getView(number);
+        m_frame.startLine(3);
+        tag("<", name);
+        if (value != nullptr) text(name, withoutPrefix(number, value));
+        tag("</", name);
+        m_frame.endLine();
     }
 
 private:
-    void put(std::string_view token) { m_stream.write(token.data(), token.size()); }
+    void tag(std::string_view mark, std::string_view name) {
+        for (const std::string_view token : {mark, name, std::string_view(">")})
+            m_frame.put(token);
+    }
+
+    /// What is to follow of the value: a code whose prefix stands for the envelope's namespace gets
+    /// that of this envelope first.
+    const char* withoutPrefix(KORVAI18NRes::Number number, const char* value) {
+        if (number != KORVAI18NRes::eFaultCode || KORVA_CharStreamable::isCharStreamable(value))
+            return value;
+        const char* const colon = std::strchr(value, ':');
+        if (colon == nullptr) return value;
+        const std::string_view prefix(value, static_cast<std::size_t>(colon - value));
+        if (!equalIgnoringCase(prefix, "soapenv") && !equalIgnoringCase(prefix, "soap-env"))
+            return value;
+        m_frame.put("SOAP-ENV");
+        return colon;
+    }
+
+    void text(std::string_view element, const char* value) {
+        if (!m_escapeTexts) {
+            copy(value, m_stream);
+            return;
+        }
+        const FaultPlace place(element);
+        korva::InvalidText invalid(m_settings.replaceInvalidText);
+        invalid.setPlace(place);
+        korva::EncodedTextStream encoded(m_stream, invalid);
+        copy(value, encoded);
+        encoded.close();
+    }
+
+    static void copy(const char* value, BRIMOutputStream& stream) {
+        if (KORVA_CharStreamable::isCharStreamable(value))
+            KORVA_CharStreamable(value) >> stream;
+        else
+            stream.write(value, std::strlen(value));
+    }
 
     BRIMOutputStream& m_stream;
-    const bool m_formatted;
+    EnvelopeFrame& m_frame;
+    const bool m_escapeTexts;
+    const WriteSettings& m_settings;
 };
 
-void writeDetails(const KORVAFaultDetailArray* details, BRIMOutputStream& stream) {
+void writeDetails(const KORVAFaultDetailArray* details, const WriteSettings& settings,
+                  BRIMOutputStream& stream) {
     if (details == nullptr) return;
-    ObjectWriter writer(stream, false);
+    ObjectWriter writer(stream, settings);
+    writer.setParent(detailPath);
     for (const KORVAFaultDetail* const pFaultDetail : *details) {
         ZEL_ASSERT(pFaultDetail);
         writer.write(pFaultDetail, KORVASchemaTypeI::eKORVAFaultDetail, exceptionName,
@@ -112,63 +131,74 @@ void writeDetails(const KORVAFaultDetailArray* details, BRIMOutputStream& stream
     }
 }
 
-void writeDetails(const KORVAUndocumentedFaultDetailArray* details, FrameWriter& frame,
-                  BRIMOutputStream& stream) {
+void writeExceptionTag(EnvelopeFrame& frame, std::string_view mark) {
+    frame.startLine(exceptionIndent + 1);
+    for (const std::string_view token :
+         {mark, korva::childPrefix, exceptionName.text, std::string_view(">")})
+        frame.put(token);
+    frame.endLine();
+}
+
+void writeDetails(const KORVAUndocumentedFaultDetailArray* details, EnvelopeFrame& frame,
+                  const WriteSettings& settings, BRIMOutputStream& stream) {
     if (details == nullptr) return;
-    ObjectWriter writer(stream, false, ObjectWriter::Style::Literal);
+    ObjectWriter writer(stream, settings, ObjectWriter::Style::Literal);
+    writer.setParent(exceptionPath);
     const auto write = [&writer](const void* object, KORVASchemaTypeI::ObjectType type,
-                                 const char* name) {
-        writer.write(object, type, name, exceptionChildIndent, false, false);
+                                 std::string_view name) {
+        writer.write(object, type, {ElementName::Child, name}, exceptionChildIndent, false, false);
     };
     for (const KORVAUndocumentedFaultDetail* const pUndocumentedFaultDetail : *details) {
         ZEL_ASSERT(pUndocumentedFaultDetail);
-        frame.line(exceptionIndent + 1, "<bus:exception>");
-        write(pUndocumentedFaultDetail->getSeverity(), KORVASchemaTypeI::eString, "bus:severity");
+        writeExceptionTag(frame, "<");
+        write(pUndocumentedFaultDetail->getSeverity(), KORVASchemaTypeI::eString, "severity");
         write(pUndocumentedFaultDetail->getErrorCodeString(), KORVASchemaTypeI::eString,
-              "bus:errorCode");
+              "errorCode");
         for (const KORVAMessage* const message : pUndocumentedFaultDetail->getMessage())
-            write(message, KORVASchemaTypeI::eKORVAMessage, "bus:message");
-        frame.line(exceptionIndent + 1, "</bus:exception>");
+            write(message, KORVASchemaTypeI::eKORVAMessage, "message");
+        writeExceptionTag(frame, "</");
     }
 }
 
 }  // namespace
 
-KORVASOAPFaultSerializer::KORVASOAPFaultSerializer() = default;
+KORVASOAPFaultSerializer::KORVASOAPFaultSerializer()
+    : m_escapeTexts(false), m_replaceInvalidText(false) {}
 
 KORVASOAPFaultSerializer::~KORVASOAPFaultSerializer() = default;
+
+void KORVASOAPFaultSerializer::setEscapeTexts(bool escape) {
+    m_escapeTexts = escape;
+}
+
+void KORVASOAPFaultSerializer::setReplaceInvalidText(bool replace) {
+    m_replaceInvalidText = replace;
+}
 
 void KORVASOAPFaultSerializer::serialize(const KORVAHalyardHeader* header,
                                          const KORVASOAPFault& fault, BRIMOutputStream& stream,
                                          bool writeXmlDeclaration, bool formatted) {
     ZEL_TRY {
-        FrameWriter frame(stream, formatted);
-        if (writeXmlDeclaration) frame.line(0, "<?xml version=\"1.0\" encoding=\"UTF-8\"?>");
-        korva::wire::writeEnvelopeStart(stream);
-        frame.endLine();
+        const WriteSettings settings{false, m_replaceInvalidText};
+        EnvelopeFrame frame(stream, formatted);
+        frame.start(writeXmlDeclaration);
+        ObjectWriter(stream, settings)
+            .write(header, KORVASchemaTypeI::eKORVAHalyardHeader, headerName,
+                   EnvelopeFrame::headerIndent, false, false);
+        frame.startBody();
 
-        frame.line(1, "<SOAP-ENV:Header>");
-        ObjectWriter(stream, false)
-            .write(header, KORVASchemaTypeI::eKORVAHalyardHeader, headerName, headerIndent, false,
-                   false);
-        frame.line(1, "</SOAP-ENV:Header>");
-
-        frame.line(1, "<SOAP-ENV:Body>");
-        frame.line(2, "<SOAP-ENV:Fault>");
-        frame.element(3, KORVAI18NRes::getView(KORVAI18NRes::eFaultCode),
-                      [&] { frame.faultCode(fault.getFaultCode()); });
-        frame.element(3, KORVAI18NRes::getView(KORVAI18NRes::eFaultString),
-                      [&] { frame.text(fault.getFaultString()); });
+        frame.line("\t\t<SOAP-ENV:Fault>\n");
+        FaultWriter writer(stream, frame, m_escapeTexts, settings);
+        writer.element(KORVAI18NRes::eFaultCode, fault.getFaultCode());
+        writer.element(KORVAI18NRes::eFaultString, fault.getFaultString());
         if (fault.getFaultActor() != nullptr)
-            frame.element(3, KORVAI18NRes::getView(KORVAI18NRes::eFaultActor),
-                          [&] { frame.text(fault.getFaultActor()); });
-        frame.line(3, "<detail>");
-        writeDetails(fault.getDetail(), stream);
-        writeDetails(fault.getUndocumentedDetail(), frame, stream);
-        frame.line(3, "</detail>");
-        frame.line(2, "</SOAP-ENV:Fault>");
-        frame.line(1, "</SOAP-ENV:Body>");
-        frame.line(0, "</SOAP-ENV:Envelope>");
+            writer.element(KORVAI18NRes::eFaultActor, fault.getFaultActor());
+        frame.line("\t\t\t<detail>\n");
+        writeDetails(fault.getDetail(), settings, stream);
+        writeDetails(fault.getUndocumentedDetail(), frame, settings, stream);
+        frame.line("\t\t\t</detail>\n");
+        frame.line("\t\t</SOAP-ENV:Fault>\n");
+        frame.end();
     }
     ZEL_CATCH("KORVASOAPFaultSerializer::serialize()");
 }

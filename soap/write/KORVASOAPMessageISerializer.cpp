@@ -1,33 +1,22 @@
 #include "korva/KORVASOAPMessageISerializer.h"
 
-#include <i18n/KORVAI18NRes.h>
+#include "messages/ParameterWalk.h"
+#include "soap/write/MessageEnvelope.h"
+
 #include <korva/KORVAMessageI.h>
 #include <korva/KORVAPortTypeBinding.h>
-#include <korva/KORVASOAPSerializer.h>
 #include <korva/KORVASchemaTypeI.h>
-#include <tarn/tarnsymbols1.h>
 #include <zel/ZELAssert.h>
 #include <zel/ZELFrame.h>
-#include <zel/ZELUtCrc32.h>
-
-#include <cstdint>
-#include <string>
-#include <vector>
 
 namespace {
 
-using ObjectContext = KORVASOAPSerializer::ObjectContext;
-
-constexpr std::uint32_t halyardHeader = ZELUtCrc32::crc32("halyardHeader");
-
-ObjectContext makeContext(const void* object, KORVASchemaTypeI::ObjectType type, const char* name) {
-    return {object, type, std::string(KORVAI18NRes::getChar(KORVAI18NRes::eBusPrefix)) + name};
-}
+constexpr korva::ElementName header = {korva::ElementName::Child, "halyardHeader"};
 
 }  // namespace
 
 KORVASOAPMessageISerializer::KORVASOAPMessageISerializer()
-    : m_writeNullElements(false), m_writeXmlDeclaration(true) {}
+    : m_writeNullElements(false), m_writeXmlDeclaration(true), m_replaceInvalidText(false) {}
 
 KORVASOAPMessageISerializer::~KORVASOAPMessageISerializer() = default;
 
@@ -37,6 +26,10 @@ void KORVASOAPMessageISerializer::setWriteXmlDeclaration(bool write) {
 
 void KORVASOAPMessageISerializer::setWriteNullElements(bool write) {
     m_writeNullElements = write;
+}
+
+void KORVASOAPMessageISerializer::setReplaceInvalidText(bool replace) {
+    m_replaceInvalidText = replace;
 }
 
 void KORVASOAPMessageISerializer::serialize(KORVAPortTypeBinding& binding, KORVAMessageI& message,
@@ -50,28 +43,22 @@ void KORVASOAPMessageISerializer::serialize(KORVAPortTypeBinding& binding, KORVA
             // clang-format on
         }
 
-        ObjectContext header =
-            makeContext(message.getHalyardHeader(nullptr), KORVASchemaTypeI::eKORVAHalyardHeader,
-                        tarnsymbols1::getChar(halyardHeader));
-
-        std::vector<const char*> names;
-        message.getChildObjectNames(names);
-        std::vector<ObjectContext> parameters;
-        parameters.reserve(names.size());
-        std::vector<ObjectContext*> bodyContexts;
-        bodyContexts.reserve(names.size());
-        for (const char* const name : names)
-            bodyContexts.push_back(&parameters.emplace_back(makeContext(
-                message.getChildObject(name, false), message.getChildType(name), name)));
-
-        std::string operation = binding.getOperationName();
-        if (!operation.empty() && isReply) operation += "Response";
-
-        KORVASOAPSerializer serializer;
-        serializer.setWriteNullElements(m_writeNullElements);
-        serializer.setWriteXmlDeclaration(m_writeXmlDeclaration);
-        serializer.serializeEnvelope({&header}, bodyContexts, operation.c_str(),
-                                     binding.getOperationNamespace(), stream);
+        const korva::OperationElement operation(
+            binding.getOperationName(), isReply ? "Response" : "", binding.getOperationNamespace());
+        korva::writeEnvelope(
+            stream, {{m_writeNullElements, m_replaceInvalidText}, m_writeXmlDeclaration}, operation,
+            [&](korva::ObjectWriter& writer) {
+                korva::writeHeaderEntry(writer, message.getHalyardHeader(nullptr),
+                                        KORVASchemaTypeI::eKORVAHalyardHeader, header);
+            },
+            [&](korva::ObjectWriter& writer) {
+                korva::ParameterWalk walk(message);
+                const auto form =
+                    walk.isDescribed() ? korva::ElementName::Child : korva::ElementName::GivenChild;
+                for (korva::Child parameter; walk.next(parameter);)
+                    korva::writeParameter(writer, parameter.value, parameter.type,
+                                          {form, parameter.name});
+            });
     }
     ZEL_CATCH("KORVASOAPMessageISerializer::serialize()");
 }

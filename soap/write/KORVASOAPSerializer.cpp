@@ -1,9 +1,8 @@
 #include "korva/KORVASOAPSerializer.h"
 
+#include "soap/write/MessageEnvelope.h"
 #include "soap/write/ObjectWriter.h"
-#include "soap/write/WireTokens.h"
 
-#include <brim/BRIMOutputStream.h>
 #include <zel/ZELAssert.h>
 #include <zel/ZELFrame.h>
 
@@ -13,19 +12,12 @@ namespace {
 
 using Contexts = std::vector<KORVASOAPSerializer::ObjectContext*>;
 
-/// Where the elements of an envelope stand, less one.
-constexpr int headerIndent = 1;
-constexpr int parameterIndent = 2;
-
-void write(BRIMOutputStream& stream, std::string_view token) {
-    stream.write(token.data(), token.size());
-}
-
-void writeContexts(korva::ObjectWriter& writer, const Contexts& contexts, int indent, bool force) {
+template <class Write>
+void writeContexts(korva::ObjectWriter& writer, const Contexts& contexts, Write write) {
     for (const auto* const objectContext : contexts) {
         ZEL_ASSERT(objectContext);
-        writer.write(objectContext->object, objectContext->type, objectContext->name.c_str(),
-                     indent, false, force);
+        write(writer, objectContext->object, objectContext->type,
+              {korva::ElementName::Root, objectContext->name});
     }
 }
 
@@ -36,14 +28,17 @@ KORVASOAPSerializer::ObjectContext::ObjectContext(const void* value, ObjectType 
     : object(value), type(valueType), name(std::move(qualifiedName)) {}
 
 KORVASOAPSerializer::KORVASOAPSerializer()
-    : m_writeNullElements(false), m_writeXmlDeclaration(true), m_writeNamespaceDeclarations(true) {}
+    : m_writeNullElements(false),
+      m_writeXmlDeclaration(true),
+      m_writeNamespaceDeclarations(true),
+      m_replaceInvalidText(false) {}
 
 KORVASOAPSerializer::~KORVASOAPSerializer() = default;
 
 void KORVASOAPSerializer::serialize(const void* object, ObjectType type, const char* qName,
                                     BRIMOutputStream& stream) {
     ZEL_TRY {
-        korva::ObjectWriter writer(stream, m_writeNullElements);
+        korva::ObjectWriter writer(stream, {m_writeNullElements, m_replaceInvalidText});
         writer.write(object, type, qName, -1, m_writeNamespaceDeclarations, true);
     }
     ZEL_CATCH("KORVASOAPSerializer::serialize()");
@@ -61,39 +56,24 @@ void KORVASOAPSerializer::setWriteNullElements(bool write) {
     m_writeNullElements = write;
 }
 
+void KORVASOAPSerializer::setReplaceInvalidText(bool replace) {
+    m_replaceInvalidText = replace;
+}
+
 void KORVASOAPSerializer::serializeEnvelope(const Contexts& headerContexts,
                                             const Contexts& bodyContexts, const char* operationName,
                                             const char* pOperationNamespace,
                                             BRIMOutputStream& stream) {
     ZEL_TRY {
-        const std::string_view operation = operationName != nullptr ? operationName : "";
-        korva::ObjectWriter writer(stream, m_writeNullElements);
-
-        if (m_writeXmlDeclaration) write(stream, korva::wire::xmlDeclaration);
-        korva::wire::writeEnvelopeStart(stream);
-        write(stream, korva::wire::lineFeed);
-
-        write(stream, korva::wire::headerStart);
-        writeContexts(writer, headerContexts, headerIndent, false);
-        write(stream, korva::wire::headerEnd);
-
-        write(stream, korva::wire::bodyStart);
-        if (!operation.empty()) {
-            ZEL_ASSERT_NAMED(pOperationNamespace, "An operation namespace must be given.");
-            write(stream, korva::wire::operationStart);
-            write(stream, operation);
-            write(stream, korva::wire::operationNamespace);
-            write(stream, pOperationNamespace);
-            write(stream, korva::wire::operationStartEnd);
-        }
-        writeContexts(writer, bodyContexts, parameterIndent, true);
-        if (!operation.empty()) {
-            write(stream, korva::wire::operationEnd);
-            write(stream, operation);
-            write(stream, korva::wire::tagEnd);
-        }
-        write(stream, korva::wire::bodyEnd);
-        write(stream, korva::wire::envelopeEnd);
+        const korva::OperationElement operation(operationName, {}, pOperationNamespace);
+        korva::writeEnvelope(
+            stream, {{m_writeNullElements, m_replaceInvalidText}, m_writeXmlDeclaration}, operation,
+            [&](korva::ObjectWriter& writer) {
+                writeContexts(writer, headerContexts, korva::writeHeaderEntry);
+            },
+            [&](korva::ObjectWriter& writer) {
+                writeContexts(writer, bodyContexts, korva::writeParameter);
+            });
     }
-    ZEL_CATCH("KORVASOAPSerializer::serializeEnvelope()");
+    ZEL_CATCH(nullptr);
 }

@@ -3,8 +3,11 @@
 #pragma once
 
 #include "core/ChildWalk.h"
+#include "core/CycleCheck.h"
 #include "core/Descriptor.h"
+#include "soap/write/InvalidText.h"
 
+#include <i18n/KORVAI18NRes.h>
 #include <korva/KORVASchemaTypeArrayI.h>
 #include <korva/KORVASchemaTypesFactory.h>
 #include <korva/KORVAXSBase64Binary.h>
@@ -16,21 +19,23 @@
 #include <cstdint>
 #include <cstring>
 #include <limits>
+#include <string>
 #include <string_view>
 #include <vector>
 
 namespace korva {
 
 /// What stands before the name of a child.
-inline constexpr std::string_view childPrefix = "bus:";
+inline constexpr std::string_view childPrefix = KORVAI18NRes::busPrefix();
 /// The name of all entries of arrays.
 inline constexpr std::string_view itemName = "item";
 
 struct ElementName {
     enum Form {
-        Root,   ///< as it was given
-        Child,  ///< behind the prefix
-        Item    ///< the same for all, and empty here
+        Root,        ///< as the caller gave it
+        Child,       ///< a word of the schema, behind the prefix
+        GivenChild,  ///< the same for a name that somebody else's class gave
+        Item         ///< the same for all, and empty here
     };
 
     Form form;
@@ -42,6 +47,7 @@ struct ElementName {
 ///
 /// A sink is a class with these operations, called in this order for each element:
 ///
+///     setPlace(place)                  who knows at any time where the walk is; comes first
 ///     startElement(name, depth)        the element begins, below `depth` others
 ///     type(text)                       its type, or
 ///     arrayType(elementType, brackets) its type in two pieces: "bus:schedule" and "[2]"
@@ -57,20 +63,31 @@ struct ElementName {
 ///
 /// After an exception a walk is of no more use.
 template <class Sink>
-class ObjectEvents {
+class ObjectEvents final : public TextPlace {
 public:
     /// @param sink must outlive the walk
     /// @param writeNullElements tell also of what is null and would be left out
     ObjectEvents(Sink& sink, bool writeNullElements)
-        : m_sink(sink), m_writeNullElements(writeNullElements) {}
+        : m_sink(sink), m_writeNullElements(writeNullElements) {
+        m_sink.setPlace(*this);
+    }
+    ObjectEvents(const ObjectEvents&) = delete;
+    ObjectEvents& operator=(const ObjectEvents&) = delete;
 
     /// Tells of one value. Null is left out unless it is an array's or `force` is set.
     /// @throws ZELAssertError `type` cannot be written, or an enumeration has no value
-    void write(const void* object, ObjectType type, std::string_view name, bool force) {
-        writeElement({{ElementName::Root, name}, object, type}, force);
+    /// @throws KORVAException 0xEA4F0005: the object holds itself
+    void write(const void* object, ObjectType type, const ElementName& name, bool force) {
+        writeElement({name, object, type}, force);
         while (!m_frames.empty())
             writeNextChild();
     }
+
+    /// What stands around the values, for paths: "/run". The text outlives the walk.
+    void setParent(std::string_view path) { m_parent = path; }
+
+    /// Of the element that the walk is at.
+    std::string path() const override;
 
 private:
     struct Element {
@@ -81,8 +98,8 @@ private:
 
     /// An object whose children are being visited.
     struct Frame {
-        Frame(const Element& element, bool skipUnset)
-            : walk(asObject(element.object), skipUnset),
+        Frame(const Element& element, const TypeDescriptor* row, bool skipUnset)
+            : walk(asObject(element.object), row, skipUnset),
               name(element.name),
               hasChildren(!walk.isContent()),
               isOpened(hasChildren) {}
@@ -94,6 +111,8 @@ private:
     };
 
     static constexpr std::size_t initialFrames = 16;
+    /// How many names of a path are told at either end of it.
+    static constexpr std::size_t toldNames = 32;
 
     /// The longest text of an int.
     static constexpr std::size_t maxIntText = std::numeric_limits<int>::digits10 + 2;
@@ -110,14 +129,19 @@ private:
     void writeText(const char* text);
     void writeBinary(const KORVAXSBase64Binary& value);
 
-    void openObject(const Element& element);
+    void openObject(const Element& element, const TypeDescriptor* row);
     void writeNextChild();
     void writeContent(Frame& frame, const Child& child);
     void closeObject();
 
+    static void appendName(const ElementName& name, const Frame* parent, std::string& path);
+
     Sink& m_sink;
     const bool m_writeNullElements;
     std::vector<Frame> m_frames;
+    const ElementName* m_leaf = nullptr;  ///< of the value that is being written
+    std::string_view m_parent;
+    DepthWatch m_watch;
 };
 
 template <class Sink>
@@ -138,14 +162,14 @@ void ObjectEvents<Sink>::writeElement(const Element& element, bool force) {
     if (element.object == nullptr)
         m_sink.endNull(isArray);
     else if (KORVASchemaTypesFactory::isGeneratedType(element.type))
-        openObject(element);
+        openObject(element, row);
     else
         writeValue(element);
 }
 
 template <class Sink>
 void ObjectEvents<Sink>::writeArrayType(const char* elementType, const void* array) {
-    char brackets[16];
+    char brackets[40];
     char* end = brackets;
     *end++ = '[';
     if (array != nullptr) {
@@ -162,6 +186,7 @@ template <class Sink>
 void ObjectEvents<Sink>::writeValue(const Element& element) {
     const ObjectType objType = element.type;
     char digits[maxFloatText];
+    m_leaf = &element.name;
     switch (objType) {
         case KORVASchemaTypeI::eString:
         case KORVASchemaTypeI::eTime:
@@ -201,6 +226,7 @@ void ObjectEvents<Sink>::writeValue(const Element& element) {
             // clang-format on
     }
     m_sink.endElement(element.name, m_frames.size(), false);
+    m_leaf = nullptr;
 }
 
 /// The text, or the reference to an attachment that stands for it.
@@ -233,9 +259,12 @@ void ObjectEvents<Sink>::writeBinary(const KORVAXSBase64Binary& value) {
 }
 
 template <class Sink>
-void ObjectEvents<Sink>::openObject(const Element& element) {
+void ObjectEvents<Sink>::openObject(const Element& element, const TypeDescriptor* row) {
     if (m_frames.capacity() == 0) m_frames.reserve(initialFrames);
-    const Frame& frame = m_frames.emplace_back(element, !m_writeNullElements);
+    if (m_watch.isDue(m_frames.size())) refuseCycle(asObject(element.object));
+    const ObjectType type = asObject(element.object).getObjectType();
+    if (type != element.type) row = findType(type);
+    const Frame& frame = m_frames.emplace_back(element, row, !m_writeNullElements);
     if (frame.walk.empty()) {
         m_sink.endEmpty();
         m_frames.pop_back();
@@ -260,7 +289,8 @@ void ObjectEvents<Sink>::writeNextChild() {
     } else if (isGenerated || *child.name != '\0') {
         if (!frame.isOpened) m_sink.openText();
         frame.isOpened = true;
-        writeElement({{ElementName::Child, child.name}, child.value, child.type}, false);
+        const auto form = frame.walk.isDescribed() ? ElementName::Child : ElementName::GivenChild;
+        writeElement({{form, child.name}, child.value, child.type}, false);
     } else {
         writeContent(frame, child);
     }
@@ -282,6 +312,34 @@ void ObjectEvents<Sink>::writeContent(Frame& frame, const Child& child) {
     } else {
         m_sink.characters([text](auto& stream) { stream.write(text, std::strlen(text)); });
     }
+}
+
+template <class Sink>
+void ObjectEvents<Sink>::appendName(const ElementName& name, const Frame* parent,
+                                    std::string& path) {
+    path += '/';
+    if (name.form == ElementName::Item && parent != nullptr) {
+        path += itemName;
+        path += '[' + std::to_string(parent->walk.position()) + ']';
+    } else {
+        path += name.text.substr(name.text.find(':') + 1);
+    }
+}
+
+template <class Sink>
+std::string ObjectEvents<Sink>::path() const {
+    std::string path(m_parent);
+    const Frame* parent = nullptr;
+    for (const Frame& frame : m_frames) {
+        const auto position = static_cast<std::size_t>(&frame - m_frames.data());
+        if (position < toldNames || position + toldNames >= m_frames.size())
+            appendName(frame.name, parent, path);
+        else if (position == toldNames)
+            path += "/...";
+        parent = &frame;
+    }
+    if (m_leaf != nullptr) appendName(*m_leaf, parent, path);
+    return path;
 }
 
 template <class Sink>

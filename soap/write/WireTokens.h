@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <cstring>
 #include <string_view>
 
 class BRIMOutputStream;
@@ -35,10 +36,24 @@ public:
         return {m_text.data() + maxTabs - tabs, tabs + m_length};
     }
 
-private:
-    static constexpr std::size_t maxLength = 8;
+    /// Copies that to `out`, where maxSize bytes may be overwritten.
+    /// @return the end of the copy
+    char* copyBehind(std::size_t tabs, char* out) const {
+        // Most lines stand so near to the left that one move of a fixed size has it all.
+        const char* const text = m_text.data() + maxTabs - tabs;
+        const std::size_t size = tabs + m_length;
+        std::memcpy(out, text, shortSize);
+        if (size > shortSize) std::memcpy(out + shortSize, text + shortSize, maxSize - shortSize);
+        return out + size;
+    }
 
-    std::array<char, maxTabs + maxLength> m_text{};
+    static constexpr std::size_t maxLength = 8;
+    static constexpr std::size_t maxSize = maxTabs + maxLength;
+
+private:
+    static constexpr std::size_t shortSize = 16;
+
+    std::array<char, maxTabs + maxSize> m_text{};
     std::size_t m_length;
 };
 
@@ -58,16 +73,14 @@ inline constexpr std::string_view typeEndsNilTag = "\" xsi:nil=\"true\"/>\n";
 inline constexpr std::string_view typeThenContentId = "\" href=\"cid:";
 inline constexpr std::string_view contentIdEndsTag = "\">";
 
+// The lines of an envelope's frame.
+
 inline constexpr std::string_view xmlDeclaration = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
 inline constexpr std::string_view envelopeEnd = "</SOAP-ENV:Envelope>\n";
 inline constexpr std::string_view headerStart = "\t<SOAP-ENV:Header>\n";
 inline constexpr std::string_view headerEnd = "\t</SOAP-ENV:Header>\n";
 inline constexpr std::string_view bodyStart = "\t<SOAP-ENV:Body>\n";
 inline constexpr std::string_view bodyEnd = "\t</SOAP-ENV:Body>\n";
-inline constexpr std::string_view operationStart = "\t\t<rns1:";
-inline constexpr std::string_view operationNamespace = " xmlns:rns1=\"";
-inline constexpr std::string_view operationStartEnd = "\">\n";
-inline constexpr std::string_view operationEnd = "\t\t</rns1:";
 
 /// Writes the namespace declarations of a single object, each behind a blank.
 void writeObjectNamespaces(BRIMOutputStream& stream);

@@ -88,16 +88,22 @@ std::string outline(const ZELIDOM_Node& element) {
     return text + "</" + name + ">";
 }
 
-std::string ToDocument::write(const void* object, ObjectType type, const char* name) {
+std::string ToDocument::write(const void* object, ObjectType type, const char* name,
+                              bool replaceInvalidText) {
     const std::string qName = std::string("bus:") + (name != nullptr ? name : "");
     const ZELIDOM_Document document = ZELIDOM_Document::create();
-    return outline(KORVADOMObjectSerializer().serialize(
-        object, type, name != nullptr ? qName.c_str() : nullptr, document));
+    KORVADOMObjectSerializer serializer;
+    serializer.setReplaceInvalidText(replaceInvalidText);
+    return outline(
+        serializer.serialize(object, type, name != nullptr ? qName.c_str() : nullptr, document));
 }
 
-std::string ToEvents::write(const void* object, ObjectType type, const char* name) {
+std::string ToEvents::write(const void* object, ObjectType type, const char* name,
+                            bool replaceInvalidText) {
     OutlineHandler handler;
-    KORVASAXObjectSerializer().serialize(object, type, name, handler);
+    KORVASAXObjectSerializer serializer;
+    serializer.setReplaceInvalidText(replaceInvalidText);
+    serializer.serialize(object, type, name, handler);
     return handler.text;
 }
 

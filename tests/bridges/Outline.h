@@ -18,12 +18,14 @@ using ObjectType = KORVASchemaTypeI::ObjectType;
 /// Writes documents in memory.
 struct ToDocument {
     /// The outline of the element "bus:`name`".
-    static std::string write(const void* object, ObjectType type, const char* name = "value");
+    static std::string write(const void* object, ObjectType type, const char* name = "value",
+                             bool replaceInvalidText = false);
 };
 
 /// Tells of events.
 struct ToEvents {
-    static std::string write(const void* object, ObjectType type, const char* name = "value");
+    static std::string write(const void* object, ObjectType type, const char* name = "value",
+                             bool replaceInvalidText = false);
 };
 
 template <class Bridge>

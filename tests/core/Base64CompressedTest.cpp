@@ -75,6 +75,68 @@ TEST(Base64Compressed, SourceMayBeReadInSmallPieces) {
     EXPECT_EQ(written(value), base64(data));
 }
 
+/// Gives its bytes again when it is rewound, and never writes itself.
+class RewoundStreamable : public TextStreamable {
+public:
+    using TextStreamable::TextStreamable;
+
+    BRIMOutputStream& operator>>(BRIMOutputStream&) const override {
+        throw std::logic_error("held as a whole");
+    }
+    bool rewind() override {
+        restart();
+        return true;
+    }
+};
+
+TEST(Base64Compressed, MayBeWrittenAgain) {
+    const std::string data = longData();
+    const TextStreamable source(gzip(data), 1000);
+    KORVAXSBase64Compressed value;
+    value.reference(source, true);
+    for (int i = 0; i < 3; ++i)
+        EXPECT_EQ(written(value), base64(data));
+}
+
+TEST(Base64Compressed, ARewoundSourceIsNeverHeldAsAWhole) {
+    const std::string data = longData();
+    const RewoundStreamable source(gzip(data), 1000);
+    KORVAXSBase64Compressed value;
+    value.reference(source, true);
+    for (int i = 0; i < 3; ++i)
+        EXPECT_EQ(written(value), base64(data));
+}
+
+TEST(Base64Compressed, MayBeWrittenAgainAfterAFailureInTheMiddle) {
+    /// Fails at the second write.
+    class FailingStream : public BRIMOutputStream {
+    public:
+        void write(const char*, std::size_t) override {
+            if (++m_writes == 2) throw std::runtime_error("full");
+        }
+
+    private:
+        int m_writes = 0;
+    };
+    const std::string data = longData();
+    const RewoundStreamable source(gzip(data), 1000);
+    KORVAXSBase64Compressed value;
+    value.reference(source, true);
+    FailingStream out;
+    EXPECT_THROW(value.serialize(out), ZELThrowable);
+    EXPECT_EQ(written(value), base64(data));
+}
+
+TEST(Base64Compressed, ACopyOfAValueThatWasWrittenIsWritten) {
+    const TextStreamable source(gzip("text"));
+    KORVAXSBase64Compressed value;
+    value.reference(source, true);
+    EXPECT_EQ(written(value), base64("text"));
+    KORVAXSBase64Compressed other;
+    other.reference(source, true);
+    EXPECT_EQ(written(other), base64("text"));
+}
+
 TEST(Base64Compressed, PlainStreamIsOnlyEncoded) {
     const std::string packed = gzip("text");
     const TextStreamable source(packed);

@@ -152,6 +152,15 @@ TEST(FaultConversion, EverySeverityIsCopiedByItsWord) {
     }
 }
 
+TEST(FaultConversion, AnEmptySeverityStaysUnsetAndTheFaultCanBeWritten) {
+    const Maker maker;
+    KORVASOAPFault& fault = makeFault(maker);
+    addUndocumentedDetails(maker, fault, {{"", "code", {}}});
+    fault.convertUndocumentedFaultDetail(*maker.registry());
+    EXPECT_EQ(fault.getDetail()->at(0)->getSeverity(), nullptr);
+    EXPECT_NO_THROW(korva::test::written(fault));
+}
+
 TEST(FaultConversion, ASeverityThatIsNoWordIsRefused) {
     const Maker maker;
     KORVASOAPFault& fault = makeFault(maker);

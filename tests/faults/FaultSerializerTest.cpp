@@ -164,6 +164,56 @@ TEST(FaultSerializer, CodeTextAndActorMayBeStreamed) {
               "<faultactor>soapenv:<&></faultactor><detail></detail>");
 }
 
+/// The children of the fault as a serializer that escapes writes them.
+std::string escapedElement(const KORVASOAPFault& fault, bool replaceInvalidText = false) {
+    KORVASOAPFaultSerializer serializer;
+    serializer.setEscapeTexts(true);
+    serializer.setReplaceInvalidText(replaceInvalidText);
+    CollectingStream stream;
+    serializer.serialize(nullptr, fault, stream, false, false);
+    return between(stream.text, "<SOAP-ENV:Fault>", "</SOAP-ENV:Fault>");
+}
+
+TEST(FaultSerializer, CodeTextAndActorAreEscapedOnDemand) {
+    const korva::test::TextStreamable source("</faultactor><x/>");
+    KORVA_CharStreamable text;
+    text.initialize(source, false);
+    KORVASOAPFault fault;
+    fault.setFaultCode("soapenv:a&b");
+    fault.setFaultString("<b>&\"'");
+    fault.setFaultActor(text.asCharStar());
+    EXPECT_EQ(escapedElement(fault),
+              "<faultcode>SOAP-ENV:a&amp;b</faultcode>"
+              "<faultstring>&lt;b&gt;&amp;&quot;&apos;</faultstring>"
+              "<faultactor>&lt;/faultactor&gt;&lt;x/&gt;</faultactor><detail></detail>");
+}
+
+TEST(FaultSerializer, TextsThatAreEscapedMayHoldOnlyWhatADocumentCan) {
+    KORVASOAPFault fault;
+    fault.setFaultCode("a");
+    fault.setFaultString("b\x01");
+    EXPECT_NUMBERED(escapedElement(fault), 0xEA4F0004U, nullptr, "/Fault/faultstring",
+                    "the character U+0001", "setReplaceInvalidText");
+    EXPECT_EQ(escapedElement(fault, true),
+              "<faultcode>a</faultcode><faultstring>b\xEF\xBF\xBD</faultstring>"
+              "<detail></detail>");
+    // As they stand, whatever they are.
+    EXPECT_THAT(faultElement(fault), HasSubstr("<faultstring>b\x01</faultstring>"));
+}
+
+TEST(FaultSerializer, TextsOfDetailsMayHoldOnlyWhatADocumentCan) {
+    const Maker maker;
+    KORVASOAPFault& documented = makeFault(maker);
+    addDetails(maker, documented, {{"error", "c\x02", {}}});
+    EXPECT_NUMBERED(written(documented), 0xEA4F0004U, nullptr, "/Fault/detail/exception/errorCode",
+                    "the character U+0002", "setReplaceInvalidText");
+    KORVASOAPFault& undocumented = makeFault(maker);
+    addUndocumentedDetails(maker, undocumented, {{"error", "c\x02", {}}});
+    EXPECT_NUMBERED(written(undocumented), 0xEA4F0004U, nullptr,
+                    "/Fault/detail/exception/errorCode", "the character U+0002",
+                    "setReplaceInvalidText");
+}
+
 // ----- details -----
 
 TEST(FaultSerializer, WithoutDetailsTheirElementIsEmpty) {

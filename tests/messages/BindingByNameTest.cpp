@@ -118,6 +118,17 @@ TEST(BindingByName, EmptyListTakesTheFirstVersion) {
     EXPECT_EQ(chosen("validate", {}), KORVAMessageI::eKORVAValidate_1_Request);
 }
 
+TEST(BindingByName, RequestsAloneAreTheVersionOfQueryThatMayHaveOptions) {
+    KORVAMessageParam requests("requests", Type::eKORVAQueryRequestArray);
+    EXPECT_EQ(chosen("query", {&requests}), KORVAMessageI::eKORVACMS_query_2_Request);
+    // The other is bound by its type.
+    const Binding binding =
+        velmora().createPortTypeBinding(KORVAMessageI::eKORVAMany_CMS_query_1_Request);
+    EXPECT_EQ(binding->getOutputMessage().getMessageType(),
+              KORVAMessageI::eKORVAMany_CMS_query_1_Reply);
+    EXPECT_STREQ(binding->getOperationName(), "query");
+}
+
 TEST(BindingByName, TakesTheFirstVersionThatFits) {
     KORVAMessageParam obj("obj", Type::eString);
     KORVAMessageParam spec("spec", Type::eKORVAReportSpecification);

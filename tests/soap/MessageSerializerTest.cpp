@@ -242,6 +242,32 @@ TEST(MessageSerializer, WritesTheSameMessageTwiceAlikeAndLeavesTheStreamOpen) {
     EXPECT_FALSE(first.closed);
 }
 
+/// Answers otherwise than its table says.
+class OtherRequest : public KORVAActivate_Request {
+public:
+    void getChildObjectNames(std::vector<const char*>& names) const override {
+        names.push_back("contentManagerURI");
+        names.push_back("more");
+    }
+    void* getChildObject(const char* name, bool) override { return const_cast<char*>(name); }
+    ObjectType getChildType(const char*) const override { return KORVASchemaTypeI::eString; }
+};
+
+TEST(MessageSerializer, AsksADerivedMessageForItsParameters) {
+    const Call call = makeActivateCall("x");
+    OtherRequest request;
+    EXPECT_EQ(lines(envelope(*call, request), "\t<SOAP-ENV:Body>", "\t</SOAP-ENV:Body>"),
+              "\t<SOAP-ENV:Body>\n"
+              "\t\t<rns1:activate xmlns:rns1=\"" +
+                  std::string(call->getOperationNamespace()) +
+                  "\">\n"
+                  "\t\t\t<bus:contentManagerURI xsi:type=\"xs:string\">contentManagerURI"
+                  "</bus:contentManagerURI>\n"
+                  "\t\t\t<bus:more xsi:type=\"xs:string\">more</bus:more>\n"
+                  "\t\t</rns1:activate>\n"
+                  "\t</SOAP-ENV:Body>\n");
+}
+
 // serializeEnvelope
 
 TEST(EnvelopeSerializer, ANullOperationNameNeedsNoNamespace) {

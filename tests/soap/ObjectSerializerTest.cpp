@@ -642,8 +642,8 @@ class CountingStream : public BRIMOutputStream {
 public:
     void write(const char* bytes, std::size_t length) override {
         size += length;
-        for (std::size_t i = 0; i < length && bytes[i] != '\t'; ++i)
-            if (bytes[i] == '\n') ++lines;
+        // No piece goes on behind the end of a line.
+        if (length != 0 && bytes[length - 1] == '\n') ++lines;
     }
     unsigned long long size = 0;
     unsigned long long lines = 0;

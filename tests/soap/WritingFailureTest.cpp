@@ -171,14 +171,14 @@ TEST(WritingFailure, ASingleElementGetsOneTraceLine) {
 TEST(WritingFailure, EachAllocationOfAnEnvelopeMayFail) {
     const Call call = makeFilledCall();
     CountingStream stream;
-    EXPECT_GT(forEachFailingAllocation([&] {
+    EXPECT_GE(forEachFailingAllocation([&] {
                   KORVASOAPMessageISerializer().serialize(*call, call->getInputMessage(), stream);
               }),
-              2u);
-    EXPECT_GT(forEachFailingAllocation([&] {
+              1u);
+    EXPECT_GE(forEachFailingAllocation([&] {
                   KORVASOAPMessageISerializer().serialize(*call, call->getOutputMessage(), stream);
               }),
-              2u);
+              1u);
     EXPECT_GT(stream.bytes, 0u);
 }
 

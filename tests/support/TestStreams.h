@@ -44,6 +44,10 @@ public:
         return out;
     }
 
+protected:
+    /// Lets `read` begin anew.
+    void restart() { m_position = 0; }
+
 private:
     std::string m_bytes;
     std::size_t m_piece;

@@ -16,4 +16,10 @@ public:
     /// @throws ZELAssertError also if `targetNamespace` is null
     ZELIDOM_Element serializeObj(const void* object, ObjectType type, const char* name,
                                  ZELIDOM_Document ownerDoc, const char* targetNamespace);
+
+    /// As KORVASOAPSerializer has it.
+    void setReplaceInvalidText(bool replace);
+
+private:
+    bool m_replaceInvalidText;
 };

@@ -25,6 +25,8 @@ public:
     /// @throws ZELAssertError `ownerDoc` or `name` is null, or `object` is and no array; `type`
     ///     cannot be written; or an enumeration in the object has no value
     /// @throws ZELIDOM_Error `name` is no qualified name
+    /// @throws KORVAException 0xEA4F0004: a text holds what no document can; 0xEA4F0005: an object
+    ///     holds itself
     /// @throws ZELOutOfMemoryError no memory is left
     virtual ZELIDOM_Element serialize(const void* object, ObjectType type, const char* name,
                                       ZELIDOM_Document ownerDoc) = 0;

@@ -28,6 +28,8 @@ public:
     /// @param name the name of the element, without prefix
     /// @throws ZELAssertError `name` is null, or `object` is and no array; `type` cannot be
     ///     written; or an enumeration in the object has no value
+    /// @throws KORVAException 0xEA4F0004: a text holds what no document can; 0xEA4F0005: an object
+    ///     holds itself
     /// @throws ZELOutOfMemoryError no memory is left
     /// What the handler throws passes through. A standard exception becomes a ZELStdExceptionError.
     virtual void serialize(const void* object, ObjectType type, const char* name,

@@ -19,6 +19,8 @@ public:
     /// Whether the stream holds gzip data.
     bool isCompressed() const { return m_compressed; }
 
+    /// May be called more than once. A stream that cannot be rewound is from the second time on
+    /// held in memory meanwhile, compressed as it is.
     /// @throws ZELException the gzip data are damaged or end early
     void serialize(BRIMOutputStream& out) const override;
 

@@ -13,4 +13,8 @@ public:
 
     /// Writes the whole value to `out` and gives `out` back. May be called more than once.
     virtual BRIMOutputStream& operator>>(BRIMOutputStream& out) const = 0;
+
+    /// Lets `read` begin anew. False, unless overridden: it goes on where it stands. Whoever needs
+    /// to read such a stream once more has it write itself, and holds what it writes.
+    virtual bool rewind();
 };

@@ -4,6 +4,7 @@
 #include <korva/KORVAMessageI.h>
 
 namespace korva {
+class ParameterWalk;
 struct MessageDescriptor;
 struct Record;
 }  // namespace korva
@@ -29,4 +30,7 @@ protected:
     virtual const korva::MessageDescriptor& descriptor() const = 0;
 
     korva::Record* m_pPrivateData;
+
+private:
+    friend class korva::ParameterWalk;
 };

@@ -26,6 +26,8 @@ public:
     /// @param qName the element's name with its prefix
     /// @throws ZELAssertError `qName` is null, `type` cannot be written, or an enumeration in the
     ///     object has no value
+    /// @throws KORVAException 0xEA4F0004: a text holds what no document can; 0xEA4F0005: an object
+    ///     holds itself
     /// @throws ZELOutOfMemoryError no memory is left
     /// The stream's own exceptions pass through.
     virtual void serialize(const void* object, ObjectType type, const char* qName,

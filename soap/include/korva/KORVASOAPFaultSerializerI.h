@@ -15,8 +15,10 @@ public:
 
     /// Writes the envelope of a fault, documented details first.
     ///
-    /// The texts of the fault itself (code, text, actor) are written as they stand: whoever sets
-    /// them escapes what is markup in XML. Those of header and details are escaped here. A fault
+    /// The texts of the fault itself (code, text, actor) are written as they stand, unless the
+    /// serializer says otherwise: whoever sets them escapes what is markup in XML. A text that
+    /// somebody else had a hand in would bring its markup into the envelope. Those of header and
+    /// details are escaped here. A fault
     /// code with the prefix "soapenv" or "soap-env", in any case, gets the prefix of this envelope.
     ///
     /// What is written goes to the stream at once: after an exception the stream holds a part of
@@ -28,6 +30,8 @@ public:
     /// @throws ZELAssertError "ZEL_ASSERT(pFaultDetail);",
     ///     "ZEL_ASSERT(pUndocumentedFaultDetail);": a row of the details is null; or an enumeration
     ///     in them has no value
+    /// @throws KORVAException 0xEA4F0004: a text that is escaped holds what no document can;
+    ///     0xEA4F0005: an object of header or details holds itself
     /// @throws ZELOutOfMemoryError no memory is left
     /// The stream's own exceptions pass through.
     virtual void serialize(const KORVAHalyardHeader* header, const KORVASOAPFault& fault,

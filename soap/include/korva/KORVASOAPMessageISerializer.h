@@ -13,10 +13,13 @@ public:
 
     void setWriteXmlDeclaration(bool write) override;
     void setWriteNullElements(bool write) override;
+    /// As KORVASOAPSerializer has it.
+    void setReplaceInvalidText(bool replace);
     void serialize(KORVAPortTypeBinding& binding, KORVAMessageI& message,
                    BRIMOutputStream& stream) override;
 
 private:
     bool m_writeNullElements;
     bool m_writeXmlDeclaration;
+    bool m_replaceInvalidText;
 };

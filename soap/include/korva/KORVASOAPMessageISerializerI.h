@@ -28,6 +28,8 @@ public:
     /// the SOAP action stands in the binding.
     /// @throws ZELAssertError `message` is of neither type, of which nothing is written; the
     ///     binding has an operation but no namespace; a value cannot be written
+    /// @throws KORVAException 0xEA4F0004: a text holds what no document can; 0xEA4F0005: an object
+    ///     holds itself
     /// @throws ZELOutOfMemoryError no memory is left
     /// The stream's own exceptions pass through.
     virtual void serialize(KORVAPortTypeBinding& binding, KORVAMessageI& message,

@@ -35,6 +35,9 @@ public:
         eFalse = 20
     };
 
+    /// The text of eBusPrefix, for constants that are built on it.
+    static consteval std::string_view busPrefix() noexcept { return "bus:"; }
+
     /// The text with this number, a literal in UTF-8; null if there is none.
     static const char* getChar(unsigned number) noexcept;
 

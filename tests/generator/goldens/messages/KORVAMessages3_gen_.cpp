@@ -15,7 +15,7 @@ struct KORVAAdd_Reply_PrivateData : korva::Record {
 };
 namespace {
 constinit const korva::MessageDescriptor add_ReplyDescriptor = {
-    "add_Reply", KORVAMessageI::eKORVAAdd_Reply, nullptr, 0};
+    "add_Reply", KORVAMessageI::eKORVAAdd_Reply, &typeid(KORVAAdd_Reply), nullptr, 0};
 } // namespace
 
 inline KORVAAdd_Reply_PrivateData* KORVAAdd_Reply::data() const {
@@ -66,7 +66,7 @@ constexpr korva::FieldDescriptor query_1_RequestParams[] = {
      0, korva::FieldKind::Binary},
 };
 constinit const korva::MessageDescriptor query_1_RequestDescriptor = {
-    "query_1_Request", KORVAMessageI::eKORVAQuery_1_Request, query_1_RequestParams, 6};
+    "query_1_Request", KORVAMessageI::eKORVAQuery_1_Request, &typeid(KORVAQuery_1_Request), query_1_RequestParams, 6};
 } // namespace
 
 inline KORVAQuery_1_Request_PrivateData* KORVAQuery_1_Request::data() const {
