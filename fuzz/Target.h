@@ -1,0 +1,19 @@
+// What every target is made of: one function, in a file of its own, that takes an input.
+#pragma once
+
+#include <string_view>
+
+namespace korva::fuzz {
+
+/// Does with `input` what a user of the library does with what a stranger sent. It may throw any
+/// ZELThrowable, which is how the library refuses; anything else is a finding, and so is a process
+/// that ends, and a cost beyond that of Cost. The XML platform has been started.
+void attack(std::string_view input);
+
+/// Ends the process, with `claim`, if a claim about the library does not hold.
+void require(bool holds, const char* claim);
+
+/// The same for two texts that are claimed to be the same; tells where they part.
+void requireSame(std::string_view left, std::string_view right, const char* claim);
+
+}  // namespace korva::fuzz
