@@ -725,7 +725,9 @@ std::string EnvelopeMutator::mutate(std::string_view document, std::size_t longe
         if (request.size() > longest) request.resize(longest);
         return request;
     }
-    const std::uint64_t count = 1 + next() % 4;
+    std::uint64_t count = 1;
+    while (count < 4 && next() % 2 == 0)
+        ++count;
     for (std::uint64_t i = 0; i < count && pieces.hasElement(); ++i)
         pieces.change(longest);
     std::string text = pieces.text();

@@ -2,6 +2,7 @@
 // them.
 #include "fuzz/Cost.h"
 #include "fuzz/EnvelopeMutator.h"
+#include "fuzz/Target.h"
 
 #include <algorithm>
 #include <charconv>
@@ -110,7 +111,7 @@ int main(int count, char** arguments) {
             attack(changed);
         }
     }
-    std::printf("%zu inputs, %llu changed ones\n", files.size(),
-                static_cast<unsigned long long>(seed));
+    std::printf("%zu inputs and %llu changed ones, of which %zu were refused\n", files.size(),
+                static_cast<unsigned long long>(seed), korva::fuzz::refusedSoFar());
     return 0;
 }

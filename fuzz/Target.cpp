@@ -2,8 +2,6 @@
 
 #include "fuzz/Cost.h"
 
-#include <zel/ZELThrowable.h>
-
 #include <xercesc/util/PlatformUtils.hpp>
 
 #include <algorithm>
@@ -13,10 +11,23 @@
 #include <cstdlib>
 #include <string>
 
-void korva::fuzz::require(bool holds, const char* claim) {
-    if (holds) return;
-    std::fprintf(stderr, "This does not hold: %s.\n", claim);
+namespace {
+
+std::size_t refusedCount = 0;
+
+}  // namespace
+
+std::size_t korva::fuzz::refusedSoFar() noexcept {
+    return refusedCount;
+}
+
+void korva::fuzz::failed(const char* claim, const char* reason) {
+    std::fprintf(stderr, "%s\nThis does not hold: %s.\n", reason, claim);
     std::abort();
+}
+
+void korva::fuzz::require(bool holds, const char* claim) {
+    if (!holds) failed(claim, "");
 }
 
 void korva::fuzz::requireSame(std::string_view left, std::string_view right, const char* claim) {
@@ -42,6 +53,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     try {
         korva::fuzz::attack({reinterpret_cast<const char*>(data), size});
     } catch (const ZELThrowable& refusal) {
+        ++refusedCount;
         korva::fuzz::require(refusal.toString() != nullptr, "a refusal has a text");
     }
     cost.check();
