@@ -35,6 +35,7 @@ bool isLarge(std::string_view number) {
     std::size_t i = 0;
     for (; i != number.size() && (isDigit(number[i]) || number[i] == '.'); ++i) {
         if (number[i] == '.') {
+            if (behindPoint) return power > 0;  // the number has ended
             behindPoint = true;
         } else {
             significant = significant || number[i] != '0';
