@@ -48,8 +48,7 @@ TEST(DocumentParsing, TellsWhereADocumentIsNotWellFormed) {
 TEST(DocumentParsing, CutsTheNamesOfTheDocumentInWhatItTells) {
     const std::string text =
         textOf<ZELIDOM_Error>([] { parseDocument("<" + std::string(100'000, 'n') + "></b>"); });
-    EXPECT_NE(text.find("nnn"), std::string::npos) << text;
-    EXPECT_NE(text.find(" ... (cut, 100"), std::string::npos) << text;
+    EXPECT_NE(text.find("nnn ... (cut, "), std::string::npos) << text;
     EXPECT_NE(text.find("line 1"), std::string::npos) << text;
     EXPECT_LT(text.size(), 600U);
 }
