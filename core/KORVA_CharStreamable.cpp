@@ -64,6 +64,13 @@ void KORVA_CharStreamable::append(KORVA_CharStreamable& other) {
     last->m_next = &other;
 }
 
+KORVA_CharStreamable& KORVA_CharStreamable::append(KORVA_CharStreamable* head,
+                                                   KORVA_CharStreamable& other) {
+    if (head == nullptr) return other;
+    head->append(other);
+    return *head;
+}
+
 void KORVA_CharStreamable::setIsContentId(bool isContentId) {
     std::memcpy(m_marker, isContentId ? contentIdMarker : textMarker, sizeof m_marker);
 }

@@ -12,6 +12,7 @@
 #include <zel/ZELByteBuffer.h>
 #include <zel/ZELFrame.h>
 #include <zel/ZELMessageParm.h>
+#include <zel/ZELPrintable.h>
 #include <zel/ZELThrow.h>
 
 #include <string>
@@ -33,7 +34,7 @@ std::string openValues(const EnumDescriptor& descriptor) {
     ZEL_TRY {
         KORVAZELMessage unknown(eKORVA_UnknownEnumValue);
         const std::string text = std::string(descriptor.xmlName) + ':' + name;
-        unknown << ZELMessageParm(I18NString(text.c_str()));
+        unknown << ZELMessageParm(zel::printable(text));
         exception << unknown;
         if (descriptor.openCount != 0) {
             KORVAZELMessage open(eKORVA_OpenEnum);

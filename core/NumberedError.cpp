@@ -5,6 +5,7 @@
 #include <zel/I18NString.h>
 #include <zel/ZELFrame.h>
 #include <zel/ZELMessageParm.h>
+#include <zel/ZELPrintable.h>
 #include <zel/ZELThrow.h>
 
 namespace korva {
@@ -15,7 +16,7 @@ void raise(std::uint32_t messageId, std::initializer_list<const char*> parameter
     ZEL_TRY {
         KORVAZELMessage message(messageId);
         for (const char* parameter : parameters)
-            message << ZELMessageParm(I18NString(parameter != nullptr ? parameter : ""));
+            message << ZELMessageParm(zel::printable(parameter != nullptr ? parameter : ""));
         exception << message;
     }
     ZEL_CATCH(function);

@@ -8,7 +8,8 @@
 
 namespace korva {
 
-/// Raises a KORVAException with one message of the catalogue. Null parameters count as empty.
+/// Raises a KORVAException with one message of the catalogue. Null parameters count as empty; each
+/// is made `zel::printable`, as it may come from the wire.
 /// @param function the label of the throwing function, or null
 [[noreturn]] void raise(std::uint32_t messageId, std::initializer_list<const char*> parameters,
                         ZELFileLocation location, const char* function);

@@ -16,7 +16,7 @@ BRIMTemporaryFile::~BRIMTemporaryFile() {
 }
 
 void BRIMTemporaryFile::append(const char* bytes, std::size_t length) {
-    if (!brim::writeDescriptor(m_descriptor, bytes, length))
+    if (!brim::writeDescriptorAt(m_descriptor, m_size, bytes, length))
         brim::raiseSystemError(ZEL_LOCATION, "BRIMTemporaryFile::append",
                                "writing to a temporary file", errno);
     m_size += length;

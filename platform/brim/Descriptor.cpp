@@ -35,8 +35,12 @@ int closeOnce(int descriptor) noexcept {
 long long readAtOnce(int descriptor, unsigned long long offset, char* buffer,
                      std::size_t size) noexcept {
     if (::_lseeki64(descriptor, static_cast<long long>(offset), SEEK_SET) < 0) return -1;
-    const long long count = readOnce(descriptor, buffer, size);
-    return ::_lseeki64(descriptor, 0, SEEK_END) < 0 ? -1 : count;
+    return readOnce(descriptor, buffer, size);
+}
+long long writeAtOnce(int descriptor, unsigned long long offset, const char* bytes,
+                      std::size_t length) noexcept {
+    if (::_lseeki64(descriptor, static_cast<long long>(offset), SEEK_SET) < 0) return -1;
+    return writeOnce(descriptor, bytes, length);
 }
 #else
 long long readOnce(int descriptor, char* buffer, std::size_t size) noexcept {
@@ -52,7 +56,26 @@ long long readAtOnce(int descriptor, unsigned long long offset, char* buffer,
                      std::size_t size) noexcept {
     return ::pread(descriptor, buffer, size, static_cast<off_t>(offset));
 }
+long long writeAtOnce(int descriptor, unsigned long long offset, const char* bytes,
+                      std::size_t length) noexcept {
+    return ::pwrite(descriptor, bytes, length, static_cast<off_t>(offset));
+}
 #endif
+
+/// Writes in as many steps as it takes; `write` gives how many bytes one step took.
+template <class Write>
+bool writeAll(const char* bytes, std::size_t length, Write write) noexcept {
+    while (length != 0) {
+        const long long count = write(bytes, std::min(length, largestStep));
+        if (count < 0) {
+            if (errno == EINTR) continue;
+            return false;
+        }
+        bytes += count;
+        length -= static_cast<std::size_t>(count);
+    }
+    return true;
+}
 
 }  // namespace
 
@@ -64,16 +87,17 @@ long long brim::readDescriptor(int descriptor, char* buffer, std::size_t size) n
 }
 
 bool brim::writeDescriptor(int descriptor, const char* bytes, std::size_t length) noexcept {
-    while (length != 0) {
-        const long long count = writeOnce(descriptor, bytes, std::min(length, largestStep));
-        if (count < 0) {
-            if (errno == EINTR) continue;
-            return false;
-        }
-        bytes += count;
-        length -= static_cast<std::size_t>(count);
-    }
-    return true;
+    return writeAll(bytes, length, [descriptor](const char* piece, std::size_t size) {
+        return writeOnce(descriptor, piece, size);
+    });
+}
+
+bool brim::writeDescriptorAt(int descriptor, unsigned long long offset, const char* bytes,
+                             std::size_t length) noexcept {
+    return writeAll(bytes, length, [=](const char* piece, std::size_t size) {
+        const auto done = static_cast<unsigned long long>(piece - bytes);
+        return writeAtOnce(descriptor, offset + done, piece, size);
+    });
 }
 
 #if defined(_WIN32)

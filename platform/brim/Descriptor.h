@@ -16,10 +16,15 @@ bool writeDescriptor(int descriptor, const char* bytes, std::size_t length) noex
 /// that fails.
 int openTemporaryDescriptor() noexcept;
 
-/// Reads once at `offset`, again if a signal came first. Writing goes on at the end of the file.
-/// Returns how many bytes, or -1 with `errno` set.
+/// Reads once at `offset`, again if a signal came first. Returns how many bytes, or -1 with `errno`
+/// set.
 long long readDescriptorAt(int descriptor, unsigned long long offset, char* buffer,
                            std::size_t size) noexcept;
+
+/// Writes all bytes at `offset`, in as many steps as it takes. False with `errno` set if that
+/// fails.
+bool writeDescriptorAt(int descriptor, unsigned long long offset, const char* bytes,
+                       std::size_t length) noexcept;
 
 /// False with `errno` set if that fails.
 bool closeDescriptor(int descriptor) noexcept;

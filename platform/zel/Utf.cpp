@@ -42,8 +42,8 @@ bool isContinuation(const unsigned char* at, const unsigned char* end) noexcept 
     return at < end && (*at & 0xC0) == 0x80;
 }
 
-/// Takes a character off the front of a text that isn't empty, or U+FFFD for a byte that begins no
-/// well-formed sequence.
+}  // namespace
+
 std::uint32_t nextPoint(const unsigned char*& at, const unsigned char* end) noexcept {
     const std::uint32_t lead = *at;
     if (lead < 0x80) {
@@ -75,8 +75,6 @@ std::uint32_t nextPoint(const unsigned char*& at, const unsigned char* end) noex
     ++at;
     return replacement;
 }
-
-}  // namespace
 
 std::size_t narrowAscii(const char16_t* text, std::size_t length, char* out) noexcept {
     std::size_t i = 0;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 
 namespace zel::utf {
 
@@ -33,6 +34,10 @@ char* encode(const char16_t* text, std::size_t length, char16_t& pending, char* 
 
 /// Writes U+FFFD as UTF-8; returns its end.
 char* encodeReplacement(char* out) noexcept;
+
+/// Takes a character off the front of a text that isn't empty. A byte that begins no well-formed
+/// sequence gives U+FFFD, which is the only character of one byte beyond ASCII.
+std::uint32_t nextPoint(const unsigned char*& at, const unsigned char* end) noexcept;
 
 /// How many units `decode` writes.
 std::size_t decodedLength(const char* text, std::size_t length) noexcept;

@@ -2,6 +2,7 @@
 
 #include <zel/ZELFrame.h>
 #include <zel/ZELOutOfMemoryError.h>
+#include <zel/ZELPrintable.h>
 #include <zelidom/ZELIDOM_Error.h>
 #include <zelidom/ZELIDOM_String.h>
 
@@ -15,10 +16,10 @@
 
 namespace {
 
-/// Throws what Xerces-C reports, in its words.
+/// Throws what Xerces-C reports, in its words, which may be the document's.
 [[noreturn]] void raise(const XMLCh* text, const std::string& place, ZELFileLocation location,
                         const char* function) {
-    ZELIDOM_Error((ZELIDOM_String(text).utf8() + place).c_str())
+    ZELIDOM_Error((zel::printable(ZELIDOM_String(text).utf8()) + place).c_str())
         .hurl(location, function, "ZEL_THROW");
 }
 

@@ -14,6 +14,7 @@
 #include <korva/KORVAXSBase64Binary.h>
 #include <korva/KORVA_CharStreamable.h>
 #include <korva/KORVA_HrefReference.h>
+#include <korva/KORVA_SpoolingAttachmentContainer.h>
 #include <zel/ZELAssert.h>
 #include <zel/ZELFrame.h>
 
@@ -33,6 +34,13 @@ namespace {
 constexpr const char* resolveLabel = "KORVA_AttachmentHandler::resolveReferences";
 
 constexpr std::size_t pieceSize = 2048;
+
+/// How many bytes all parts may expand to before their ratio is looked at: few bytes may well
+/// expand to many.
+constexpr unsigned long long smallestForRatio = 4ULL << 20U;
+
+/// How many bytes of all parts stay in memory when their containers spool.
+constexpr std::size_t mostInMemory = 4U << 20U;
 
 KORVA_AttachmentContainerI* makeDefaultContainer() {
     return new DefaultAttachmentContainer;
@@ -127,39 +135,63 @@ void resolve(const KORVA_HrefReference& reference, KORVA_AttachmentContainerI& c
 
 }  // namespace
 
-/// Takes in parts as long as they keep to the limits.
+/// Takes in the parts of one message as long as they keep to the limits.
 class KORVA_AttachmentHandler::Intake {
 public:
     Intake(unsigned long long maximumBytes, unsigned long long maximumRatio)
         : m_maximumBytes(maximumBytes), m_maximumRatio(maximumRatio) {}
 
     void read(BRIMInputStream& stream, KORVA_AttachmentContainerI& container) {
-        readPieces(stream, container, [] {});
+        readPieces(stream,
+                   [&](const char* piece, std::size_t length) { container.append(piece, length); });
     }
 
     void expand(BRIMInputStream& stream, KORVA_AttachmentContainerI& container) {
         BRIMGZIPInputStream gzip(stream);
-        readPieces(gzip, container, [this, &gzip] {
-            if (gzip.expandsBeyond(m_maximumRatio))
+        const unsigned long long expanded = m_expanded;
+        const unsigned long long compressed = m_compressed;
+        readPieces(gzip, [&](const char* piece, std::size_t length) {
+            m_expanded = expanded + gzip.expandedBytes();
+            m_compressed = compressed + gzip.compressedBytes();
+            if (m_expanded > smallestForRatio && m_expanded / m_maximumRatio > m_compressed)
                 refuse("the ratio by which an attachment expands", m_maximumRatio,
                        "KORVA_AttachmentHandler::setMaximumInflateRatio");
+            container.append(piece, length);
         });
     }
 
+    /// Reads what nobody needs as it was sent.
+    void drop(BRIMInputStream& stream) {
+        readPieces(stream, [](const char*, std::size_t) {});
+    }
+
+    /// Lets the containers that spool have one file.
+    void begin(KORVA_AttachmentContainerI& container) {
+        m_spooling = dynamic_cast<KORVA_SpoolingAttachmentContainer*>(&container);
+        if (m_spooling == nullptr) return;
+        if (m_firstSpooling == nullptr)
+            m_firstSpooling = m_spooling;
+        else if (!m_spooling->isSpooled())
+            m_spooling->shareFile(*m_firstSpooling);
+    }
+
+    void finish() {
+        if (m_spooling != nullptr) m_spooling->finish(mostInMemory);
+    }
+
 private:
-    template <class Check>
-    void readPieces(BRIMInputStream& stream, KORVA_AttachmentContainerI& container, Check check) {
+    template <class Take>
+    void readPieces(BRIMInputStream& stream, Take take) {
         char piece[pieceSize];
         for (;;) {
             const long long count = stream.read(piece, sizeof piece);
             if (count <= 0) return;
-            check();
             const auto length = static_cast<unsigned long long>(count);
             if (length > m_maximumBytes - m_bytes)
                 refuse("the bytes of all attachments", m_maximumBytes,
                        "KORVA_AttachmentHandler::setMaximumBytes");
             m_bytes += length;
-            container.append(piece, static_cast<std::size_t>(count));
+            take(piece, static_cast<std::size_t>(count));
         }
     }
 
@@ -172,6 +204,10 @@ private:
     unsigned long long m_maximumBytes;
     unsigned long long m_maximumRatio;
     unsigned long long m_bytes = 0;
+    unsigned long long m_expanded = 0;    ///< of all parts that are compressed
+    unsigned long long m_compressed = 0;  ///< what these took
+    KORVA_SpoolingAttachmentContainer* m_firstSpooling = nullptr;  ///< which the registry owns
+    KORVA_SpoolingAttachmentContainer* m_spooling = nullptr;       ///< that is being filled
 };
 
 struct KORVA_AttachmentHandler::References {
@@ -212,6 +248,11 @@ void KORVA_AttachmentHandler::registerHref(const char* contentId, KORVASchemaTyp
     ZEL_CATCH("KORVA_AttachmentHandler::registerHref");
 }
 
+void KORVA_AttachmentHandler::clear() noexcept {
+    m_references->byId.clear();
+    m_references->count = 0;
+}
+
 bool KORVA_AttachmentHandler::resolveReferences(HALYARDTKMessageReader& reader,
                                                 KORVAObjectRegistryI& registry,
                                                 ContainerFactory factory) {
@@ -229,10 +270,6 @@ bool KORVA_AttachmentHandler::resolveReferences(HALYARDTKMessageReader& reader,
 void KORVA_AttachmentHandler::resolvePart(HALYARDTKMessageReader& reader,
                                           KORVAObjectRegistryI& registry, ContainerFactory factory,
                                           Intake& intake) {
-    std::unique_ptr<KORVA_AttachmentContainerI> made(factory());
-    ZEL_ASSERT(made);
-    KORVA_AttachmentContainerI& container = *registered(std::move(made), registry);
-
     BorrowedPart part(reader);
     // The text need not outlive the reading of the content.
     std::optional<std::string> id;
@@ -242,12 +279,22 @@ void KORVA_AttachmentHandler::resolvePart(HALYARDTKMessageReader& reader,
         if (!text.empty() && text.back() == '>') text.remove_suffix(1);
         id = text;
     }
+    if (!id || !m_references->byId.contains(*id)) {
+        intake.drop(part->getStream());
+        part.giveBack();
+        return;
+    }
+    std::unique_ptr<KORVA_AttachmentContainerI> made(factory());
+    ZEL_ASSERT(made);
+    KORVA_AttachmentContainerI& container = *registered(std::move(made), registry);
+    intake.begin(container);
     BRIMInputStream& stream = part->getStream();
     if (part->isCompressed())
         intake.expand(stream, container);
     else
         intake.read(stream, container);
-    resolveAttachment(id ? id->c_str() : nullptr, container, registry);
+    intake.finish();
+    resolveAttachment(id->c_str(), container, registry);
     part.giveBack();
 }
 

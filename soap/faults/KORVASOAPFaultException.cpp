@@ -3,6 +3,7 @@
 #include <korva/KORVAObjectRegistryI.h>
 #include <korva/KORVASOAPFault.h>
 #include <zel/ZELFrame.h>
+#include <zel/ZELPrintable.h>
 
 #include <utility>
 
@@ -77,7 +78,7 @@ const char* KORVASOAPFaultException::toString() const {
         text += "\" Severity=\"";
         text += getSeverityName(getSeverity());
         text += "\"><Messages=\"";
-        text += messages;
+        text += zel::printable(messages);
         text += "\"/><Traceinfo>";
         for (const char* const line : getBackTrace()) {
             text += "<Trace Text=\"";

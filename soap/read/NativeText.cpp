@@ -1,7 +1,9 @@
 #include "soap/read/NativeText.h"
 
 #include <charconv>
+#include <cmath>
 #include <limits>
+#include <string>
 #include <system_error>
 
 namespace korva {
@@ -33,6 +35,7 @@ bool isLarge(std::string_view number) {
     std::size_t i = 0;
     for (; i != number.size() && (isDigit(number[i]) || number[i] == '.'); ++i) {
         if (number[i] == '.') {
+            if (behindPoint) return power > 0;  // the number has ended
             behindPoint = true;
         } else {
             significant = significant || number[i] != '0';
@@ -80,12 +83,20 @@ bool readFloat(std::string_view text, float& value) {
         text.remove_prefix(1);
         if (!text.empty() && text.front() == '-') text = {};
     }
+    std::string withE;
+    if (text.find_first_of("Dd") != std::string_view::npos) {
+        withE = text;
+        for (char& c : withE)
+            if (c == 'D' || c == 'd') c = 'E';
+        text = withE;
+    }
     double number = 0;
     const std::errc error = std::from_chars(text.data(), text.data() + text.size(), number).ec;
-    if (error == std::errc::result_out_of_range && isLarge(text))
-        number = std::numeric_limits<double>::infinity();
+    if (error == std::errc::result_out_of_range && isLarge(text)) return false;
     const bool isNumber = error != std::errc::invalid_argument;
-    value = static_cast<float>(negative && isNumber ? -number : number);
+    const auto narrowed = static_cast<float>(negative && isNumber ? -number : number);
+    if (std::isinf(narrowed)) return false;
+    value = narrowed;
     return true;
 }
 

@@ -14,8 +14,11 @@ std::string_view trimmed(std::string_view text);
 bool readInt(std::string_view text, int& value);
 
 /// Reads as much of `text` as is a decimal number, with exponent or without, and ignores what
-/// follows; 0 if there is none. Too large a number is infinite.
-/// @return false if `text` has a character other than digits, blanks and "+-.DEde"
+/// follows; 0 if there is none. The exponent stands behind 'E', 'e', 'D' or 'd'. Too small a number
+/// is 0.
+/// @return false if `text` has a character other than digits, blanks and "+-.DEde", or if the
+/// number
+///     is too large to be finite; `value` is then as it was
 bool readFloat(std::string_view text, float& value);
 
 /// "true", "TRUE" and "1"; "false", "FALSE" and "0".

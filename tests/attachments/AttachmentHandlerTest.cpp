@@ -158,6 +158,12 @@ TEST_F(AttachmentHandler, APartThatNothingRefersToIsReadAndDropped) {
     EXPECT_EQ(reader.out, 0);
 }
 
+TEST_F(AttachmentHandler, APartThatNothingRefersToIsNotExpanded) {
+    ScriptedReader reader{{"other", "no gzip", true}};
+    EXPECT_TRUE(handler.resolveReferences(reader, *registry, nullptr));
+    EXPECT_TRUE(reader.wasRead);
+}
+
 TEST_F(AttachmentHandler, AsksTheReaderInOrder) {
     ScriptedReader none(std::vector<ScriptedPart>{});
     handler.resolveReferences(none, *registry, nullptr);
@@ -301,16 +307,19 @@ TEST_F(AttachmentHandler, AStreamMayEndWithEitherValue) {
 }
 
 TEST_F(AttachmentHandler, ContentIsPassedOnInPiecesOf2048Bytes) {
+    registerText("a");
     EXPECT_TRUE(resolve({{"a", std::string(5000, 'x')}}, CountingContainer::create));
     EXPECT_EQ(CountingContainer::pieces, (std::vector<std::size_t>{2048, 2048, 904}));
 }
 
-TEST_F(AttachmentHandler, ThereIsOneContainerForEachPartAndTheRegistryOwnsIt) {
+TEST_F(AttachmentHandler, ThereIsOneContainerForEachPartThatIsReferredToAndTheRegistryOwnsIt) {
     CountingContainer::made = CountingContainer::alive = 0;
     registerText("b");
-    EXPECT_TRUE(resolve({{"a", "1"}, {"b", "2"}, {std::nullopt, "3"}}, CountingContainer::create));
-    EXPECT_EQ(CountingContainer::made, 3);
-    EXPECT_EQ(CountingContainer::alive, 3);
+    registerText("c");
+    EXPECT_TRUE(resolve({{"a", "1"}, {"b", "2"}, {std::nullopt, "3"}, {"b", "4"}, {"c", "5"}},
+                        CountingContainer::create));
+    EXPECT_EQ(CountingContainer::made, 2);
+    EXPECT_EQ(CountingContainer::alive, 2);
     registry->clean();
     EXPECT_EQ(CountingContainer::alive, 0);
 }
@@ -380,12 +389,13 @@ TEST_F(AttachmentHandler, AContainerMustHaveOneForm) {
 }
 
 TEST_F(AttachmentHandler, AFactoryMustMakeAContainer) {
+    registerText("a");
     ScriptedReader reader{{"a", "content"}};
     EXPECT_ASSERTION(
         handler.resolveReferences(reader, *registry,
                                   []() -> KORVA_AttachmentContainerI* { return nullptr; }),
         "ZEL_ASSERT(made);");
-    EXPECT_EQ(reader.events, "attachments? next? ");
+    EXPECT_EQ(reader.events, "attachments? next? get release ");
 }
 
 TEST_F(AttachmentHandler, AReaderMustGiveAPart) {
@@ -397,6 +407,21 @@ TEST_F(AttachmentHandler, AReaderMustGiveAPart) {
         void releasePart(HALYARDTKMessagePart*) override { ADD_FAILURE(); }
     } reader;
     EXPECT_ASSERTION(handler.resolveReferences(reader, *registry, nullptr), "ZEL_ASSERT(m_part);");
+}
+
+TEST_F(AttachmentHandler, ForgetsWhatWasReferredToWithoutTouchingIt) {
+    {
+        KORVAStringProp gone;
+        handler.registerHref("a", gone, "value", Object::eString, 0);
+    }
+    registerText("b");
+    handler.clear();
+    EXPECT_EQ(handler.getReferenceCount(), 0u);
+    EXPECT_TRUE(resolve({{"a", "content"}, {"b", "content"}}));
+    EXPECT_EQ(text.getValue(), nullptr);
+    registerText("b");
+    EXPECT_TRUE(resolve({{"b", "content"}}));
+    EXPECT_STREQ(text.getValue(), "content");
 }
 
 TEST_F(AttachmentHandler, ResolvingByHandTakesTheIdAsItIs) {
@@ -425,6 +450,7 @@ TEST_F(AttachmentHandler, APartIsGivenBackWhenItsStreamFails) {
 }
 
 TEST_F(AttachmentHandler, APartIsGivenBackWhenItsContainerFails) {
+    registerText("a");
     CountingContainer::failure = [] { throw 7; };
     ScriptedReader reader{{"a", "content"}};
     EXPECT_THROW(handler.resolveReferences(reader, *registry, CountingContainer::create), int);

@@ -13,6 +13,7 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -127,6 +128,59 @@ TEST(SpoolingContainer, CarriesCompressedValues) {
         EXPECT_EQ(out.text, "c29tZSB0ZXh0");
         container.rewind();
     }
+}
+
+TEST(SpoolingContainer, ContainersThatShareAFileKeepTheirBytesApart) {
+    constexpr std::size_t count = 5;
+    std::vector<std::unique_ptr<KORVA_SpoolingAttachmentContainer>> containers;
+    std::vector<std::string> expected(count);
+    for (std::size_t i = 0; i < count; ++i) {
+        containers.push_back(std::make_unique<KORVA_SpoolingAttachmentContainer>(10));
+        if (i != 0) containers[i]->shareFile(*containers[0]);
+    }
+    // Turn and turn about, in pieces of every size.
+    for (std::size_t turn = 0; turn < 200; ++turn) {
+        const std::size_t i = turn * 7 % count;
+        const std::string piece(turn % 23, static_cast<char>('a' + turn % 26));
+        containers[i]->append(piece.data(), piece.size());
+        expected[i] += piece;
+    }
+    for (std::size_t i = 0; i < count; ++i) {
+        if (i % 2 == 0) containers[i]->finish(0);
+        EXPECT_TRUE(containers[i]->isSpooled());
+        EXPECT_EQ(containers[i]->size(), expected[i].size());
+        EXPECT_EQ(written(*containers[i]->getStreamable()), expected[i]);
+        EXPECT_EQ(readAll(*containers[i]->getStreamable(), 64), expected[i]);
+    }
+    // The file is there as long as one of them.
+    containers.erase(containers.begin(), containers.begin() + 4);
+    EXPECT_EQ(written(*containers[0]->getStreamable()), expected[4]);
+    KORVA_SpoolingAttachmentContainer late(10);
+    EXPECT_ASSERTION(containers[0]->shareFile(late), "ZEL_ASSERT(m_extents.empty());");
+}
+
+TEST(SpoolingContainer, WhatIsFinishedStaysInMemoryAsLongAsThereIsRoom) {
+    KORVA_SpoolingAttachmentContainer first;
+    KORVA_SpoolingAttachmentContainer second;
+    KORVA_SpoolingAttachmentContainer third;
+    second.shareFile(first);
+    third.shareFile(first);
+    append(first, bytes(600), 600);
+    append(second, bytes(500), 500);
+    first.finish(1000);
+    second.finish(1000);
+    EXPECT_FALSE(first.isSpooled());
+    EXPECT_TRUE(second.isSpooled());
+    // What is appended behind is no longer finished, and leaves its room.
+    append(first, bytes(1), 1);
+    append(third, bytes(1000), 1000);
+    third.finish(1000);
+    EXPECT_FALSE(third.isSpooled());
+    first.finish(1000);
+    EXPECT_TRUE(first.isSpooled());
+    EXPECT_EQ(written(*first.getStreamable()), bytes(600) + bytes(1));
+    EXPECT_EQ(written(*second.getStreamable()), bytes(500));
+    EXPECT_EQ(written(*third.getStreamable()), bytes(1000));
 }
 
 TEST(SpoolingContainer, NeedsAThreshold) {

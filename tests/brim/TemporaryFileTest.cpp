@@ -9,6 +9,11 @@
 #include <memory>
 #include <string>
 
+#if !defined(_WIN32)
+#include <csignal>
+#include <sys/resource.h>
+#endif
+
 namespace {
 
 using korva::test::streamErrorOf;
@@ -114,6 +119,23 @@ TEST(TemporaryFile, AFolderThatCannotBeUsedIsTold) {
     const TemporaryFolder set(longName.c_str());
     EXPECT_EQ(streamErrorOf([] { BRIMTemporaryFile file; }),
               "opening a temporary file: File name too long");
+}
+
+TEST(TemporaryFile, AFailureToAppendLeavesWhatWasThere) {
+    BRIMTemporaryFile file;
+    file.append("abc", 3);
+    rlimit before{};
+    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &before), 0);
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit small{5, before.rlim_max};
+    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
+    const std::string error = streamErrorOf([&] { file.append("defghi", 6); });
+    ::setrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, handler);
+    EXPECT_EQ(error, "writing to a temporary file: File too large");
+    EXPECT_EQ(file.size(), 3u);
+    file.append("xyz", 3);
+    EXPECT_EQ(contents(file, 0, 10), "abcxyz");
 }
 
 #endif

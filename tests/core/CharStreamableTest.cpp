@@ -146,6 +146,19 @@ TEST(CharStreamable, AppendLinksBehindTheLastPieceOfTheChain) {
     EXPECT_EQ(written(fourth), "4");
 }
 
+TEST(CharStreamable, AppendBeginsAChainThatHasNoPieceYet) {
+    KORVA_CharStreamable first;
+    KORVA_CharStreamable second;
+    first.initialize("1", false);
+    second.initialize("2", false);
+    KORVA_CharStreamable* chain = nullptr;
+    chain = &KORVA_CharStreamable::append(chain, first);
+    EXPECT_EQ(chain, &first);
+    chain = &KORVA_CharStreamable::append(chain, second);
+    EXPECT_EQ(chain, &first);
+    EXPECT_EQ(written(*chain), "12");
+}
+
 TEST(CharStreamable, EmptyPiecesAreSkipped) {
     KORVA_CharStreamable first;
     KORVA_CharStreamable second;

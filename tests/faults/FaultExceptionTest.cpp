@@ -162,6 +162,15 @@ TEST(FaultException, ToStringHasTheFormThatToolsCompare) {
                  "</TraceInfo></Exception>");
 }
 
+TEST(FaultException, ToStringStaysOnOneLineWhateverTheFaultSays) {
+    const Maker maker;
+    KORVASOAPFault& fault = makeFault(maker);
+    addDetails(maker, fault, {{"fatal", "1", {{"a\nb", 0}}}});
+    EXPECT_STREQ(KORVASOAPFaultException(nullptr, fault, nullptr).toString(),
+                 "<Exception Name=\"KORVASOAPFaultException\" Error=\"0\" Severity=\"error\">"
+                 "<Messages=\"a\\nb\"/><Traceinfo></TraceInfo></Exception>");
+}
+
 TEST(FaultException, ToStringOfAFaultWithoutDetailsHasNoMessages) {
     KORVASOAPFault fault;
     EXPECT_STREQ(KORVASOAPFaultException(nullptr, fault, nullptr).toString(),

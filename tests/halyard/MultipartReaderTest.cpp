@@ -126,6 +126,44 @@ TEST(MultipartReader, HeadersAreFoldedAndCompareWithoutCase) {
     EXPECT_EQ(assertionOf([&] { reader.getHeader(nullptr); }), "ZEL_ASSERT(name);");
 }
 
+TEST(MultipartReader, AHeaderMayBeFoldedBehindItsColon) {
+    const std::string text = lines(
+        "--b|Content-Type:| text/xml|X:|\t |Y: a| | ||<e/>|--b|Content-ID:| <a@b>||one|--b|"
+        "Content-ID:|\t|\t<c@d>| ||two|--b--|");
+    PiecewiseInput in(text, 3);
+    HALYARDTKMultipartReader reader(in, typeOfB.c_str());
+    reader.getRoot();
+    EXPECT_STREQ(reader.getHeader("Content-Type"), "text/xml");
+    EXPECT_STREQ(reader.getHeader("X"), "");
+    EXPECT_STREQ(reader.getHeader("Y"), "a");
+    for (const char* const id : {"<a@b>", "<c@d>"}) {
+        ASSERT_TRUE(reader.hasNextPart());
+        HALYARDTKMessagePart* const part = reader.getNextPart();
+        EXPECT_STREQ(part->getContentId(), id);
+        reader.releasePart(part);
+    }
+}
+
+TEST(MultipartReader, TheMessagesTypeMayBeFolded) {
+    const std::string text = lines("--b||<e/>|--b--|");
+    for (const char* const type :
+         {"multipart/related;\r\n boundary=b", "multipart/related;\r\n\tboundary=b;\n type=\"x\"",
+          "multipart/related; boundary=b\r\n", "multipart/related;\nboundary=b\n;type=x",
+          "multipart/related;\n\n  boundary\r\n =\r\n b",
+          " \r\n multipart/related; boundary=\"b\""})
+        EXPECT_EQ(readMessage(text, type).root, "<e/>") << type;
+    EXPECT_EQ(
+        readMessage(lines("--a b||<e/>|--a b--|"), "multipart/related; boundary=\"a\r\n\tb\"").root,
+        "<e/>");
+}
+
+TEST(MultipartReader, TheLastBoundaryMayEndWithHalfALineBreak) {
+    for (const std::size_t piece : {1ul, 1000000ul}) {
+        EXPECT_EQ(readMessage("--b\r\n\r\n<e/>\r\n--b--\r", typeOfB, piece).root, "<e/>");
+        EXPECT_EQ(readMessage("--b\r\n\r\n<e/>\r\n--b-- \t\r", typeOfB, piece).root, "<e/>");
+    }
+}
+
 TEST(MultipartReader, AnEmptyIdIsNone) {
     EXPECT_EQ(readMessage(lines("--b||<e/>|--b|Content-ID: ||one|--b--|")).parts[0].id, "none");
 }

@@ -25,6 +25,7 @@
 
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -98,6 +99,21 @@ TEST(Array, ElementOfAConstantArrayIsConstant) {
     EXPECT_TRUE((std::is_same_v<decltype(numbers.at(0)), int>));
     const KORVABooleanArray flags;
     EXPECT_TRUE((std::is_same_v<decltype(flags.at(0)), bool>));
+}
+
+TEST(Array, FrontTestsTheBound) {
+    KORVAScheduleArray objects;
+    KORVAStringArray texts;
+    KORVAIntArray numbers;
+    KORVABooleanArray flags;
+    EXPECT_TRUE(isOutOfRange([&] { static_cast<void>(objects.front()); }));
+    EXPECT_TRUE(isOutOfRange([&] { static_cast<void>(std::as_const(objects).front()); }));
+    EXPECT_TRUE(isOutOfRange([&] { static_cast<void>(texts.front()); }));
+    EXPECT_TRUE(isOutOfRange([&] { static_cast<void>(numbers.front()); }));
+    EXPECT_TRUE(isOutOfRange([&] { static_cast<void>(flags.front()); }));
+    numbers.push_back(1);
+    numbers.clear();
+    EXPECT_TRUE(isOutOfRange([&] { static_cast<void>(numbers.front()); }));
 }
 
 TEST(Array, AtTestsTheBound) {

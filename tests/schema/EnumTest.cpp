@@ -68,6 +68,9 @@ TEST(Enum, UnknownWordTellsEnumerationAndWord) {
     for (const char* const word : {"Fatal", " fatal", "fata", "unheard-of"})
         EXPECT_NUMBERED(Severity::stringToEnum(word), 0xEA45DC29U, "_stringToEnum()",
                         "severityEnum:" + std::string(word));
+    // A line break forges no line of a log.
+    EXPECT_NUMBERED(Severity::stringToEnum("a\nb"), 0xEA45DC29U, "_stringToEnum()",
+                    "severityEnum:a\\nb");
     // A word of another enumeration.
     EXPECT_NUMBERED(Severity::stringToEnum("complete"), 0xEA45DC29U, "_stringToEnum()",
                     "severityEnum:complete");

@@ -152,6 +152,38 @@ TEST_F(ValueFailure, TextThatDoesNotFitASimpleValue) {
     EXPECT_NUMBERED(read("bus:intArray", "<i>x</i>"), 0xEA407F89, characters, "i", "int");
 }
 
+TEST_F(ValueFailure, AFloatThatIsTooLarge) {
+    for (const std::string& text :
+         {std::string("1e39"), std::string("-1e39"), std::string("1e999"), std::string("-1E999"),
+          std::string("1d400"), std::string("1D39"), std::string("+1e400"),
+          std::string("0.0001e400"), std::string("1e99999999999999999999"),
+          std::string("3.4028236e38"), "1" + std::string(400, '0'),
+          "1" + std::string(400, '0') + ".0.1e-4500", std::string("1e999 5")}) {
+        EXPECT_NUMBERED(read("bus:floatProp", "<value>" + text + "</value>"), 0xEA407F89,
+                        characters, "value", "float");
+        EXPECT_NUMBERED(read("bus:decimalProp", "<value>" + text + "</value>"), 0xEA407F89,
+                        characters, "value", "float");
+    }
+}
+
+TEST_F(ValueFailure, ATextFromTheWireForgesNoLineOfALog) {
+    EXPECT_NUMBERED(read("bus:provider", "<name xsi:type=\"bus:a&#10;b&#13;&#9;&#x202E;c\"/>"),
+                    0xEA48385C, getObjectType, "bus:a\\nb\\r\\t\\u{202E}c", "name");
+    try {
+        read("bus:provider", "<name xsi:type=\"bus:a&#10;b\"/>");
+        FAIL();
+    } catch (const KORVAException& error) {
+        EXPECT_EQ(std::string(error.toString()).find("a\nb"), std::string::npos)
+            << error.toString();
+    }
+}
+
+TEST_F(ValueFailure, ANameFromTheWireIsCut) {
+    const std::string name(60'000, 'n');
+    EXPECT_NUMBERED(read("bus:intProp", "<value><" + name + "/></value>"), 0xEA4AA334, startElement,
+                    std::string(512, 'n') + " ... (cut, 60000 bytes)");
+}
+
 TEST_F(ValueFailure, AnEmptyBoolean) {
     EXPECT_NUMBERED(read("bus:booleanProp", "<value/>"), 0xEA407F89, characters, "value",
                     "boolean");

@@ -45,6 +45,14 @@ TEST(DocumentParsing, TellsWhereADocumentIsNotWellFormed) {
     EXPECT_THROW(parseDocument("<r>\xC3</r>"), ZELIDOM_Error);
 }
 
+TEST(DocumentParsing, CutsTheNamesOfTheDocumentInWhatItTells) {
+    const std::string text =
+        textOf<ZELIDOM_Error>([] { parseDocument("<" + std::string(100'000, 'n') + "></b>"); });
+    EXPECT_NE(text.find("nnn ... (cut, "), std::string::npos) << text;
+    EXPECT_NE(text.find("line 1"), std::string::npos) << text;
+    EXPECT_LT(text.size(), 600U);
+}
+
 TEST(DocumentParsing, NamesTheOperationInTheTrace) {
     try {
         parseDocument("<r>");

@@ -40,6 +40,10 @@ public:
     /// Links `other` behind the last piece of this chain. Nothing is copied.
     void append(KORVA_CharStreamable& other);
 
+    /// The same for a chain that may have no piece yet: a null `head`.
+    /// @return the first piece of the longer chain
+    static KORVA_CharStreamable& append(KORVA_CharStreamable* head, KORVA_CharStreamable& other);
+
     /// The streamable of this piece, or null.
     const KORVA_Streamable* getStreamable() const { return m_streamable; }
     /// The text of this piece, or null.

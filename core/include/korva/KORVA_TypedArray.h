@@ -19,9 +19,16 @@ public:
         return m_vector[i];
     }
 
-    /// The slot of the first element; the array must not be empty.
-    Element& front() { return m_vector.front(); }
-    const Element& front() const { return m_vector.front(); }
+    /// The slot of the first element.
+    /// @throws std::out_of_range there is none
+    Element& front() {
+        check(0);
+        return m_vector.front();
+    }
+    const Element& front() const {
+        check(0);
+        return m_vector.front();
+    }
 
     iterator begin() { return m_vector.begin(); }
     iterator end() { return m_vector.end(); }

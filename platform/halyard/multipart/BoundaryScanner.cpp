@@ -142,8 +142,8 @@ BoundaryScanner::Line BoundaryScanner::classify(std::size_t skipped, std::size_t
         lineEnd = m_begin + at + 1;
         return line;
     }
-    // The message may end with the last hyphen.
-    if (line == Line::end && !hasReturn && !require(at + 1)) {
+    // The message may end with the last hyphen, or within the line break behind it.
+    if (line == Line::end && !require(at + 1)) {
         lineEnd = m_begin + at;
         return line;
     }

@@ -13,7 +13,7 @@ char lower(char c) noexcept {
 }
 
 bool isBlank(char c) noexcept {
-    return c == ' ' || c == '\t';
+    return c == ' ' || c == '\t' || c == '\r' || c == '\n';
 }
 
 [[noreturn]] void refuseParameters() {
@@ -55,6 +55,21 @@ std::string_view withoutBrackets(std::string_view id) noexcept {
     return id;
 }
 
+std::string unfolded(std::string_view field) {
+    std::string line;
+    for (;;) {
+        const std::size_t length = std::min(field.find_first_of("\r\n"), field.size());
+        line += field.substr(0, length);
+        field.remove_prefix(length);
+        if (field.empty()) return line;
+        const std::size_t breaks = std::min(field.find_first_not_of("\r\n"), field.size());
+        const std::size_t blanks = std::min(field.find_first_not_of(" \t", breaks), field.size());
+        // What isn't folded is left to be judged where it stands.
+        line += blanks != breaks ? " " : field.substr(0, breaks);
+        field.remove_prefix(blanks);
+    }
+}
+
 std::string_view valueOf(std::string_view field) noexcept {
     return trimmed(field.substr(0, field.find(';')));
 }
@@ -78,7 +93,7 @@ std::optional<std::string> parameterOf(std::string_view field, std::string_view 
             rest.remove_prefix(1);
             value = takeQuoted(rest);
         } else {
-            const std::size_t length = std::min(rest.find_first_of("; \t"), rest.size());
+            const std::size_t length = std::min(rest.find_first_of("; \t\r\n"), rest.size());
             value = rest.substr(0, length);
             rest.remove_prefix(length);
         }

@@ -10,11 +10,15 @@ namespace halyard {
 /// Whether two texts are the same but for the case of their ASCII letters.
 bool equalsIgnoringCase(std::string_view left, std::string_view right) noexcept;
 
-/// Without the blanks and tabs around it.
+/// Without the blanks, tabs and line breaks around it.
 std::string_view trimmed(std::string_view text) noexcept;
 
 /// Without one angle bracket at each end, where there is one.
 std::string_view withoutBrackets(std::string_view id) noexcept;
+
+/// On one line: line breaks become a blank with the blanks and tabs behind them. Without any behind
+/// them they stay.
+std::string unfolded(std::string_view field);
 
 /// What stands before the parameters: "text/xml" of `text/xml; charset="UTF-8"`.
 std::string_view valueOf(std::string_view field) noexcept;

@@ -11,6 +11,7 @@
 #include <halyard/HALYARDTKMessagePart.h>
 #include <zel/ZELAssert.h>
 #include <zel/ZELFrame.h>
+#include <zel/ZELPrintable.h>
 
 #include <optional>
 #include <string>
@@ -84,7 +85,7 @@ struct ContentForm {
 ContentForm formOf(const halyard::PartHeaders& headers) {
     ContentForm form;
     const auto refuse = [](const char* what, std::string_view value) {
-        halyard::refuse(std::string(what) + " \"" + std::string(value) + "\" isn't supported",
+        halyard::refuse(std::string(what) + " \"" + zel::printable(value) + "\" isn't supported",
                         ZEL_LOCATION, "HALYARDTKMultipartReader::formOf");
     };
     if (const char* const transfer = headers.findOnly("Content-Transfer-Encoding")) {
@@ -163,11 +164,11 @@ struct HALYARDTKMultipartReader::Message {
 
 void HALYARDTKMultipartReader::Message::open(const char* contentType) {
     constexpr const char* label = "HALYARDTKMultipartReader::HALYARDTKMultipartReader";
-    const std::string_view field = contentType != nullptr ? contentType : "";
+    const std::string field = halyard::unfolded(contentType != nullptr ? contentType : "");
     const std::string_view type = halyard::valueOf(field);
     if (!equalsIgnoringCase(type, "multipart/related")) {
         if (equalsIgnoringCase(type.substr(0, 10), "multipart/"))
-            halyard::refuse("the message's type \"" + std::string(type) + "\" isn't supported",
+            halyard::refuse("the message's type \"" + zel::printable(type) + "\" isn't supported",
                             ZEL_LOCATION, label);
         return;
     }

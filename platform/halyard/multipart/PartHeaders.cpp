@@ -14,8 +14,12 @@ void PartHeaders::addLine(std::string_view line) {
     if (line.find('\0') != std::string_view::npos)
         refuse("a header has a NUL character", ZEL_LOCATION, "halyard::PartHeaders::addLine");
     if (!m_fields.empty() && (line.front() == ' ' || line.front() == '\t')) {
-        m_text.back() = ' ';
-        m_text += trimmed(line);
+        const std::string_view more = trimmed(line);
+        if (more.empty()) return;
+        // A value that begins behind a break has no blank before it.
+        m_text.pop_back();
+        if (m_text.size() != m_fields.back().value) m_text += ' ';
+        m_text += more;
         m_text += '\0';
         return;
     }

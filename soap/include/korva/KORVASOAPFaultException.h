@@ -42,9 +42,10 @@ public:
     [[noreturn]] void hurl(ZELFileLocation location, const char* function,
                            const char* macro) override;
 
-    /// Name, error code, severity, the fault's messages and the back trace in one line, in a form
-    /// that looks like XML and is not. Lives until the next call or the end of the object. Does not
-    /// fail: without memory, or when a streamed message cannot be read, it is the name alone.
+    /// Name, error code, severity, the fault's messages (`zel::printable`) and the back trace in
+    /// one line, in a form that looks like XML and is not. Lives until the next call or the end of
+    /// the object. Does not fail: without memory, or when a streamed message cannot be read, it is
+    /// the name alone.
     const char* toString() const override;
 
     /// "KORVASOAPFaultException".

@@ -49,8 +49,13 @@ public:
     void registerHref(const char* contentId, KORVASchemaTypeI& object, const char* name,
                       ObjectType type, std::size_t index);
 
-    /// Reads all parts and resolves what refers to them. A part that nothing refers to is read all
-    /// the same. Every part is given back to the reader, also when a failure passes.
+    /// Forgets all references, without touching what they refer from: the objects of a message that
+    /// could not be read may be gone. Comes before the first reference of each message.
+    void clear() noexcept;
+
+    /// Reads all parts and resolves what refers to them. A part that nothing refers to is read as
+    /// it was sent, and dropped: it gets no container. Every part is given back to the reader, also
+    /// when a failure passes.
     /// @param registry gets the containers and the values
     /// @param factory null stands for DefaultAttachmentContainer; for binary content, and for
     ///     large, take KORVA_SpoolingAttachmentContainer::create
@@ -77,12 +82,12 @@ public:
     /// How many references wait for their part.
     std::size_t getReferenceCount() const;
 
-    /// How many bytes all parts of the message may have, expanded: 2^36 at first. More end in
+    /// How many bytes all parts of the message may have, expanded: 2^30 at first. More end in
     /// KORVAException 0xEA4F0001.
     void setMaximumBytes(unsigned long long bytes);
 
-    /// How many times its size a compressed part may expand to, looked at when it has expanded
-    /// to 16 MB: 200 at first. More end in KORVAException 0xEA4F0001.
+    /// How many times their size the compressed parts of the message may expand to, looked at when
+    /// they have expanded to 4 MB in all: 200 at first. More end in KORVAException 0xEA4F0001.
     /// @throws ZELAssertError `ratio` is 0
     void setMaximumInflateRatio(unsigned long long ratio);
 
@@ -94,6 +99,6 @@ private:
                      ContainerFactory factory, Intake& intake);
 
     ZELOwner<References> m_references;
-    unsigned long long m_maximumBytes = 1ULL << 36U;
+    unsigned long long m_maximumBytes = 1ULL << 30U;
     unsigned long long m_maximumInflateRatio = 200;
 };

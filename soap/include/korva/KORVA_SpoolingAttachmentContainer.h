@@ -8,7 +8,8 @@
 
 /// Takes content of any kind and size in bounded memory: what exceeds a threshold goes to a
 /// temporary file without a name (a BRIMTemporaryFile), which lives as long as the container, and
-/// with it an open descriptor.
+/// with it an open descriptor. The parts of one message share one file, however many they are:
+/// KORVA_AttachmentHandler::resolveReferences lets them.
 ///
 /// The content is only streamed: values of binary type have a `streamable()` and no bytes, those of
 /// text are char streamables, small or not.
@@ -33,6 +34,17 @@ public:
     /// @throws BRIMStreamError the file can't be made or written; the content is of no more use
     void append(const char* bytes, std::size_t length) override;
 
+    /// From now on what doesn't stay in memory goes to the file that `other` has or will have. The
+    /// file lives as long as any that share it; one thread at a time appends to them.
+    /// @throws ZELAssertError there are bytes in a file already
+    void shareFile(KORVA_SpoolingAttachmentContainer& other);
+
+    /// Says that the content is complete, so that no room is held for more. It goes to the file as
+    /// a whole if a part of it is there, or if those that share the file and are finished would
+    /// have more than `mostInMemory` bytes in memory with it.
+    /// @throws BRIMStreamError as `append`
+    void finish(std::size_t mostInMemory);
+
     /// Always null.
     const char* getData() override;
 
@@ -46,7 +58,7 @@ public:
     /// How many bytes were appended.
     unsigned long long size() const;
 
-    /// Whether there is a file.
+    /// Whether bytes of this container are in a file.
     bool isSpooled() const;
 
 private:

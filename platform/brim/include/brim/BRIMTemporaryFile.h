@@ -16,8 +16,8 @@ public:
     BRIMTemporaryFile& operator=(const BRIMTemporaryFile&) = delete;
     ~BRIMTemporaryFile();
 
-    /// Writes behind what the file holds, without a buffer. After a failure the file is of no more
-    /// use.
+    /// Writes behind what the file holds, without a buffer. After a failure it holds what it held
+    /// before.
     void append(const char* bytes, std::size_t length);
 
     /// Reads up to `size` bytes from `offset` on, and returns how many: all of them, unless the

@@ -23,8 +23,8 @@ class BRIMInputStream;
 class HALYARDTK_MULTIPART_EXPORT HALYARDTKMultipartReader final : public HALYARDTKMessageReader {
 public:
     /// `stream` is the message's content, which must live as long as the reader. `contentType` is
-    /// the value of its header of that name: of a type that isn't multipart, or null, the whole
-    /// stream is the root, and nothing follows. A boundary is required otherwise.
+    /// the value of its header of that name, folded or not: of a type that isn't multipart, or
+    /// null, the whole stream is the root, and nothing follows. A boundary is required otherwise.
     /// Raises `ZELOutOfMemoryError`, as every operation does.
     HALYARDTKMultipartReader(BRIMInputStream& stream, const char* contentType);
     ~HALYARDTKMultipartReader() override;
