@@ -96,7 +96,10 @@ void scanFile(const std::filesystem::path& path, Schema::Types& types) {
             type = nullptr;
         } else if (type != nullptr && tag.is("xs:extension")) {
             type->base = withoutPrefix(tag.attribute("base"));
-        } else if (type != nullptr && tag.is("xs:element")) {
+        } else if (type != nullptr && tag.is("xs:restriction") &&
+                   tag.attribute("base") == "SOAP-ENC:Array") {
+            type->family = SchemaType::eArray;
+        } else if (type != nullptr && type->family == SchemaType::eClass && tag.is("xs:element")) {
             type->fields.push_back({tag.attribute("name"), tag.attribute("type")});
             insideMember = !tag.isEmptyElement();
         } else if (type != nullptr && tag.is("xs:enumeration")) {
@@ -108,7 +111,6 @@ void scanFile(const std::filesystem::path& path, Schema::Types& types) {
             noteOpen(tag.textBehind(), *type);
         } else if (type != nullptr && tag.is("xs:attribute")) {
             const std::string arrayType = tag.attribute("wsdl:arrayType");
-            type->family = SchemaType::eArray;
             type->element = arrayType.substr(0, arrayType.find('['));
         }
     }
