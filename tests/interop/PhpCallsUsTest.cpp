@@ -2,7 +2,7 @@
 // php/client.php under its name.
 #include "tests/faults/SampleFaults.h"
 #include "tests/interop/Objects.h"
-#include "tests/interop/PhpClient.h"
+#include "tests/interop/Php.h"
 
 #include <korva/KORVAAsynchDetailArray.h>
 #include <korva/KORVAAsynchDetailMIMEAttachment.h>
