@@ -44,7 +44,7 @@ protected:
     /// Expects the request to be read as it was meant, and the reply to be understood so.
     static void expectBothRead(const std::string& name) {
         const ToolkitClient client = run(name);
-        EXPECT_EQ(describe(client.binding().getInputMessage()), requestOf(name))
+        EXPECT_EQ(describe(client.binding().getInputMessage()), GetParam().sends(name))
             << client.envelope();
         EXPECT_EQ(client.printed(), GetParam().understandsReply(name)) << client.answer();
     }
@@ -73,8 +73,7 @@ TEST_P(ToolkitCallsUs, SendsNullParametersAndReadsANullResult) {
 }
 
 TEST_P(ToolkitCallsUs, SendsNullItemsThatAreLeftOut) {
-    EXPECT_THAT(run("null-items").envelope(), ContainsRegex("<item xsi:nil=\"true\"|"
-                                                            "<item [^>]*xsi:nil=\"true\""));
+    EXPECT_THAT(run("null-items").envelope(), HasSubstr(GetParam().nullItem));
     expectBothRead("null-items");
 }
 
@@ -97,8 +96,8 @@ TEST_P(ToolkitCallsUs, ReadsDocumentedDetailsOfOurFault) {
         addDetails(maker, fault, sampleDetails());
     });
     EXPECT_THAT(client.printed(), StartsWith("fault: SOAP-ENV:Server: It failed.\n"));
-    EXPECT_THAT(client.printed(), ContainsRegex("errorCode[>:] ?RPT-0042"));
-    EXPECT_THAT(client.printed(), ContainsRegex("message[^\n]*[>:] ?Connection refused\\."));
+    EXPECT_THAT(client.printed(), ContainsRegex("errorCode.*[>:] ?RPT-0042"));
+    EXPECT_THAT(client.printed(), ContainsRegex("message.*[>:] ?Connection refused\\."));
 }
 
 TEST_P(ToolkitCallsUs, ReadsUndocumentedDetailsOfOurFault) {
@@ -106,7 +105,7 @@ TEST_P(ToolkitCallsUs, ReadsUndocumentedDetailsOfOurFault) {
         addUndocumentedDetails(maker, fault, sampleDetails());
     });
     EXPECT_THAT(client.printed(), StartsWith("fault: SOAP-ENV:Server: It failed.\n"));
-    EXPECT_THAT(client.printed(), ContainsRegex("errorCode[>:] ?RPT-0042"));
+    EXPECT_THAT(client.printed(), ContainsRegex("errorCode.*[>:] ?RPT-0042"));
     EXPECT_THAT(client.printed(), ContainsRegex("messageString[>:] ?Connection refused\\."));
 }
 

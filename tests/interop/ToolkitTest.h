@@ -18,21 +18,32 @@ struct Toolkit {
     const char* name;
     std::vector<std::string> client;
     std::vector<std::string> server;
-    /// The cases of which the toolkit understands another thing than they hold: what it reads.
-    std::map<std::string, std::string> otherRequests;
-    std::map<std::string, std::string> otherReplies;
+    /// What stands for a null item in what it sends.
+    std::string nullItem;
+    /// The cases of which the toolkit sends, or understands, another thing than they hold.
+    std::map<std::string, std::string> otherSent = {};
+    std::map<std::string, std::string> otherRequests = {};
+    std::map<std::string, std::string> otherReplies = {};
 
+    std::string sends(const std::string& caseName) const {
+        return find(otherSent, caseName, requestOf);
+    }
     std::string understandsRequest(const std::string& caseName) const {
-        const auto other = otherRequests.find(caseName);
-        return other != otherRequests.end() ? other->second : requestOf(caseName);
+        return find(otherRequests, caseName, requestOf);
     }
     std::string understandsReply(const std::string& caseName) const {
-        const auto other = otherReplies.find(caseName);
-        return other != otherReplies.end() ? other->second : replyOf(caseName);
+        return find(otherReplies, caseName, replyOf);
     }
 
     friend std::ostream& operator<<(std::ostream& stream, const Toolkit& toolkit) {
         return stream << toolkit.name;
+    }
+
+private:
+    static std::string find(const std::map<std::string, std::string>& others,
+                            const std::string& caseName, std::string (*rule)(const std::string&)) {
+        const auto other = others.find(caseName);
+        return other != others.end() ? other->second : rule(caseName);
     }
 };
 
