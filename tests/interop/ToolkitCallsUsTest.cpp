@@ -1,6 +1,7 @@
 // The clients of other toolkits against a server that reads and writes with the library. The cases
 // are those of tests/toolkits/Cases.h.
 #include "tests/faults/SampleFaults.h"
+#include "tests/interop/Objects.h"
 #include "tests/interop/ToolkitClient.h"
 #include "tests/interop/ToolkitTest.h"
 #include "tests/toolkits/Cases.h"
@@ -109,6 +110,14 @@ TEST_P(ToolkitCallsUs, ReadsUndocumentedDetailsOfOurFault) {
     EXPECT_THAT(client.printed(), ContainsRegex("messageString[>:] ?Connection refused\\."));
 }
 
+TEST_P(ToolkitCallsUs, ReadsAnAttachmentOfOurReply) {
+    const ToolkitClient client(
+        GetParam().client, "attachment",
+        [](KORVAPortTypeBinding& call) { fillReply("attachment", call); }, someBytes);
+    EXPECT_THAT(client.answer(), HasSubstr("href=\"cid:picture\""));
+    EXPECT_EQ(client.printed(), GetParam().understandsReply("attachment"));
+}
+
 TEST_P(ToolkitCallsUs, IsToldWhyItsRequestIsRefused) {
     const ToolkitClient client = run("refused");
     EXPECT_EQ(client.refusal(), 0xEA45DC29u);
@@ -118,3 +127,31 @@ TEST_P(ToolkitCallsUs, IsToldWhyItsRequestIsRefused) {
 
 INSTANTIATE_TEST_SUITE_P(Toolkits, ToolkitCallsUs, testing::ValuesIn(toolkits()), toolkitName);
 GTEST_ALLOW_UNINSTANTIATED_PARAMETERIZED_TEST(ToolkitCallsUs);
+
+#ifdef KORVA_TEST_GSOAP
+
+namespace {
+
+ToolkitClient runGSoap(const std::string& name) {
+    return {toolkits().back().client, name,
+            [](KORVAPortTypeBinding& call) { fillReply("empty", call); }};
+}
+
+}  // namespace
+
+// Without SOAP_XML_TREE for its output.
+TEST(GSoapCallsUs, SendsReferencesToAnObjectOfItsAbstractBaseWhichAreRefused) {
+    const ToolkitClient client = runGSoap("shared-by-reference");
+    EXPECT_THAT(client.envelope(), ContainsRegex("<item href=\"(#_[0-9]+)\"/><item href=\"#_"));
+    EXPECT_THAT(client.envelope(), ContainsRegex("<id id=\"_[0-9]+\" xsi:type=\"bus:option\">"));
+    EXPECT_EQ(client.refusal(), 0xEA47EC7Bu);
+}
+
+TEST(GSoapCallsUs, SendsWhatItRefersToBehindTheOperationWhichIsRefused) {
+    const ToolkitClient client = runGSoap("shared-values-by-reference");
+    EXPECT_THAT(client.envelope(), ContainsRegex("<item href=\"(#_[0-9]+)\"/><item href=\"#_"));
+    EXPECT_THAT(client.envelope(), ContainsRegex("</ems:run><id id=\"_[0-9]+\""));
+    EXPECT_EQ(client.refusal(), 0xEA456BB1u);
+}
+
+#endif

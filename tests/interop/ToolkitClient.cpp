@@ -7,8 +7,8 @@
 namespace korva::test {
 
 ToolkitClient::ToolkitClient(std::vector<std::string> command, const std::string& name,
-                             Service service)
-    : m_server(std::move(service)) {
+                             Service service, std::string attachment)
+    : m_server(std::move(service), std::move(attachment)) {
     command.insert(command.end(),
                    {KORVA_TEST_SCHEMA_DIR, KORVA_TEST_AUTHORITY, m_server.location(), name});
     ChildProcess client(std::move(command));

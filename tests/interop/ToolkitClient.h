@@ -19,8 +19,10 @@ public:
 
     /// Runs the program `command` to its end. Its further arguments are the folder of the schema,
     /// the address of the bus, the location of the server and the case.
+    /// @param attachment what HttpServer sends beside each reply
     /// @throws std::runtime_error the program failed
-    ToolkitClient(std::vector<std::string> command, const std::string& name, Service service);
+    ToolkitClient(std::vector<std::string> command, const std::string& name, Service service,
+                  std::string attachment = {});
 
     /// What the program printed: the reply as the toolkit understood it.
     const std::string& printed() const { return m_printed; }

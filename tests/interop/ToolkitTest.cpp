@@ -6,7 +6,7 @@ namespace {
 
 #ifdef KORVA_TEST_ZEEP
 // It takes an empty text for no text, and a null object for one without fields. A null array, which
-// bears no xsi:nil, is an empty one to it.
+// bears no xsi:nil, is an empty one to it. The parts of a message stay beside it.
 Toolkit zeep() {
     Toolkit zeep{"zeep",
                  {KORVA_TEST_ZEEP, KORVA_TEST_ZEEP_DIR "/client.py"},
@@ -29,6 +29,13 @@ Toolkit zeep() {
         "      outputPages: array of 1\n"
         "        [1]: \"two\"\n"
         "  status: \"complete\"\n";
+    zeep.otherReplies["attachment"] =
+        "result: asynchReply\n"
+        "  details: array of 1\n"
+        "    [1]: asynchDetailMIMEAttachment\n"
+        "      dataSize: 7\n"
+        "  status: \"complete\"\n"
+        "part <picture>: hex 0001feff616263\n";
     zeep.otherReplies["nulls"] = "result: asynchReply\n";
     return zeep;
 }

@@ -222,6 +222,17 @@ void fillSharedReply(KORVAPortTypeBinding& call) {
     result.getDetails().push_back(status);
 }
 
+/// Its binary refers to a part of the message.
+void fillAttachmentReply(KORVAPortTypeBinding& call) {
+    KORVAAsynchReply& result = emptyReply(call);
+    const Registry registry = runReply(call).getObjectRegistry();
+    auto* const attached = make<KORVAAsynchDetailMIMEAttachment>(registry);
+    attached->setData(makeBinary(registry, "picture"));
+    attached->getData()->setIsContentId(true);
+    attached->setDataSize(7);
+    result.getDetails().push_back(attached);
+}
+
 void fillTriggerReply(KORVAPortTypeBinding& call) {
     dynamic_cast<KORVAEventTrigger_Reply&>(call.getOutputMessage()).setResult(42);
 }
@@ -427,6 +438,15 @@ const std::map<std::string, Case>& cases() {
            "  status: \"complete\"\n"}}},
         {"trigger",
          {{fillTriggerRequest, "triggerName: \"nightly\"\n"}, {fillTriggerReply, "result: 42\n"}}},
+        {"attachment",
+         {{fillEmptyRequest, emptyRunText},
+          {fillAttachmentReply,
+           "result: asynchReply\n"
+           "  details: array of 1\n"
+           "    [1]: asynchDetailMIMEAttachment\n"
+           "      data: hex 0001feff616263\n"
+           "      dataSize: 7\n"
+           "  status: \"complete\"\n"}}},
         // These are answered with a fault.
         {"refused", {{fillEmptyRequest, emptyRunText}, {leaveNull, ""}}},
         {"fault", {{fillEmptyRequest, emptyRunText}, {leaveNull, ""}}},

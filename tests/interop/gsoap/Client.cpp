@@ -30,13 +30,20 @@ public:
             {"null-items", [](Client& client) { client.omit({nullptr}, {nullptr}); }},
             {"omitted", [](Client& client) { client.omit({}, {}); }},
             {"shared", &Client::share},
+            {"shared-values-by-reference",
+             [](Client& client) {
+                 client.writeReferences();
+                 auto* const region = client.m_maker.make<bus__parameterValue>();
+                 region->name = client.m_maker.text("region");
+                 client.call(path, {region, region}, {});
+             }},
             {"shared-by-reference",
              [](Client& client) {
-                 soap_set_omode(&client.m_soap, SOAP_C_UTFSTRING);
-                 soap_clr_omode(&client.m_soap, SOAP_XML_TREE);
+                 client.writeReferences();
                  client.share();
              }},
             {"trigger", &Client::trigger},
+            {"attachment", [](Client& client) { client.call(path, {}, {}); }},
             {"fault", [](Client& client) { client.call(path, {}, {}); }},
             {"refused", &Client::beRefused},
         };
@@ -127,6 +134,9 @@ private:
         options.insert(options.begin(), m_maker.prompt(nullptr));
         call(path, values, options);
     }
+
+    // As gSOAP does without the recipe.
+    void writeReferences() { soap_clr_omode(&m_soap, SOAP_XML_TREE); }
 
     void share() {
         auto* const option = m_maker.prompt(m_maker.value(true));
