@@ -194,4 +194,16 @@ TEST_F(SchemaValidity, EachFileLoadsAloneAndFromNowhereElse) {
     EXPECT_EQ(count, 16U);
 }
 
+TEST_F(SchemaValidity, TheFileThatServicesReferToDeclaresTheSameTypes) {
+    const std::string joined = KORVA_TEST_SCHEMA_DIR "/joined/bus.xsd";
+    EXPECT_EQ(SchemaValidators::loadingErrors(joined), "");
+    std::set<std::string> names;
+    for (const auto& [name, type] : builtSchema())
+        names.insert(name);
+    std::set<std::string> joinedNames;
+    for (const auto& [name, type] : korva::test::scan({joined}))
+        joinedNames.insert(name);
+    EXPECT_EQ(joinedNames, names);
+}
+
 }  // namespace

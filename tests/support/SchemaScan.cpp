@@ -148,13 +148,20 @@ std::vector<std::string> Schema::derivedFrom(const std::string& base) const {
     return names;
 }
 
+Schema scan(const std::vector<std::string>& files) {
+    Schema::Types types;
+    for (const std::string& file : files)
+        scanFile(file, types);
+    return Schema(std::move(types));
+}
+
 const Schema& builtSchema() {
     static const Schema& schema = *new Schema([] {
-        Schema::Types types;
+        std::vector<std::string> files;
         for (const auto& entry : std::filesystem::directory_iterator(KORVA_TEST_SCHEMA_DIR))
             if (entry.path().extension() == ".xsd" && entry.path().stem() != "soap-encoding")
-                scanFile(entry.path(), types);
-        return types;
+                files.push_back(entry.path());
+        return scan(files);
     }());
     return schema;
 }
