@@ -413,7 +413,7 @@ TEST(PhpCallsUs, SendsANullArrayTypedBySoapWhichIsRefused) {
 // ----- plain values -----
 
 TEST(PhpCallsUs, SendsTextThatNeedsEscapingAndTextBeyondAscii) {
-    const PhpClient php("texts");
+    const PhpClient php("report-texts");
     const auto& request = php.request<KORVAAsynchRun_Request>();
     EXPECT_STREQ(request.getObjectPath()->getValue(), anyText);
     KORVAOptionArray& options = *request.getOptions();
