@@ -20,7 +20,7 @@ import urllib.request
 CASES = ("tree", "texts", "empty-text", "nulls", "empty", "null-items", "omitted", "shared", "trigger")
 
 kind, toolkit, schema, authority, *command = sys.argv[1:]
-data = pathlib.Path(__file__).parent.parent / "data" / "toolkits"
+data = pathlib.Path(__file__).resolve().parent.parent / "data" / "toolkits"
 out = data / toolkit
 out.mkdir(parents=True, exist_ok=True)
 

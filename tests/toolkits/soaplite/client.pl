@@ -7,87 +7,18 @@
 # data is sent as SOAP::Lite takes it.
 use strict;
 use warnings;
-use utf8;
 use Data::Dumper;
+use FindBin;
+use lib $FindBin::Bin;
+use BusData;
 use SOAP::Lite;
 
 my $defaults = $ARGV[0] eq '--defaults' && shift;
 my ($schema, $authority, $location, $case) = @ARGV;
 my $bus = "$authority/schemas/halyardns/3/";
 my $ems = "$authority/schemas/eventManagementService/1";
-my $text = "a<b> & \"c\" 'd' ]]> é ß 漢字 😀\ttab";
-my $bytes = "\x00\x01\xFE\xFFabc";
 my $path = '/content/report';
 binmode STDOUT, ':utf8';
-
-# Without this a value of one of the schema's simple types is the error "Unrecognized type".
-package BusDeserializer;
-our @ISA = 'SOAP::Deserializer';
-
-sub typecast {
-    my ($self, $value, $name, $attributes, $children, $type) = @_;
-    return if !defined $type || $type !~ m(/schemas/halyardns/3/});
-    return ref $children && @$children ? undef : $value // '';
-}
-
-package main;
-
-# A value with its name and its type, such as "bus:runOptionEnum" or "xsd:int". What has no value is
-# left out; the order of the fields is that of the arguments. SOAP::Lite escapes the texts of types
-# that it knows, by their local names, and no others.
-sub field {
-    my ($name, $type, $value) = @_;
-    return () unless defined $value;
-    return SOAP::Data->name($name => $value)->type($1) if $type =~ /^xsd:(.*)/;
-    return SOAP::Data->name($name => SOAP::Utils::encode_data($value))->type($type);
-}
-
-# An object: its fields follow.
-sub object {
-    my ($name, $type, @fields) = @_;
-    return SOAP::Data->name($name => \SOAP::Data->value(@fields))->type($type);
-}
-
-# A null one.
-sub null {
-    my ($name, $type) = @_;
-    return SOAP::Data->name($name)->type($type)->attr({'xsi:nil' => 'true'});
-}
-
-sub array {
-    my ($name, $type, @items) = @_;
-    my $count = @items;
-    return SOAP::Data->name($name => $count ? \SOAP::Data->value(@items) : '')
-        ->type('soapenc:Array')->attr({'soapenc:arrayType' => "$type\[$count]"});
-}
-
-sub texts {
-    my ($name, @texts) = @_;
-    return array($name, 'xsd:string', map { field('item', 'xsd:string', $_) } @texts);
-}
-
-sub item {
-    my ($name, $use, $display) = @_;
-    return object($name, 'bus:simpleParmValueItem',
-        field('inclusive', 'xsd:boolean', 'true'),
-        field('display', 'xsd:string', $display),
-        field('use', 'xsd:string', $use));
-}
-
-sub option {
-    my ($kind, $name, @fields) = @_;
-    return object('item', "bus:runOption$kind", field('name', 'bus:runOptionEnum', $name), @fields);
-}
-
-sub prompt {
-    return option('Boolean', 'prompt', field('value', 'xsd:boolean', $_[0]));
-}
-
-sub region {
-    my @items = @_;
-    return object('item', 'bus:parameterValue', field('name', 'xsd:string', 'region'),
-        @items ? array('value', 'bus:parmValueItem', @items) : ());
-}
 
 my @header;
 my ($operation, @parameters) = ('run');
@@ -96,17 +27,17 @@ sub run {
     my ($path, $values, $options) = @_;
     @parameters = (
         defined $path ? field('objectPath', 'bus:searchPathSingleObject', $path)
-            : null('objectPath', 'bus:searchPathSingleObject'),
+            : null('objectPath'),
         $values ? array('parameterValues', 'bus:parameterValue', @$values)
-            : null('parameterValues', 'bus:parameterValueArray'),
-        $options ? array('options', 'bus:option', @$options) : null('options', 'bus:optionArray'));
+            : null('parameterValues'),
+        $options ? array('options', 'bus:option', @$options) : null('options'));
 }
 
 my %cases = (
     'tree' => sub {
         @header = SOAP::Header->name('bus:halyardHeader' => \SOAP::Data->value(
             object('Warden', 'bus:Warden',
-                field('authenticityToken', 'xsd:base64Binary', $bytes),
+                field('authenticityToken', 'xsd:base64Binary', BYTES),
                 object('WardenPassport', 'bus:WardenPassport',
                     field('id', 'xsd:string', 'MTsx'),
                     field('isAnonymous', 'xsd:boolean', 'false')),
@@ -121,7 +52,7 @@ my %cases = (
             option('Int', 'verticalElements', field('value', 'xsd:int', -5))]);
     },
     'texts' => sub {
-        run($text, [], [option('String', 'burstKeyLimit',
+        run(TEXT, [], [option('String', 'burstKeyLimit',
             field('value', 'xsd:string', "  two\nlines  "))]);
     },
     'empty-text' => sub {
@@ -130,8 +61,8 @@ my %cases = (
     'nulls' => sub { run() },
     'empty' => sub { run($path, [], []) },
     'null-items' => sub {
-        run($path, [region(), null('item', 'bus:parameterValue')],
-            [prompt(), null('item', 'bus:runOptionBoolean')]);
+        run($path, [region(), null('item')],
+            [prompt(), null('item')]);
     },
     'omitted' => sub { run($path, [region()], [prompt()]) },
     # The same object twice would be sent once, and referred to.
@@ -145,7 +76,7 @@ my %cases = (
 my $option = {name => 'prompt', value => 'true'};
 my %plain = (
     'tree' => [[{name => 'region', value => [{use => 'EMEA', display => 'Europe'}]}], [$option]],
-    'texts' => [[], [{name => 'burstKeyLimit', value => $text}]],
+    'texts' => [[], [{name => 'burstKeyLimit', value => TEXT}]],
     'empty-text' => [[], [{name => 'burstKeyLimit', value => ''}]],
     'nulls' => [undef, undef],
     'empty' => [[], []],
@@ -165,7 +96,7 @@ if ($defaults) {
     }
 } else {
     $client->serializer->register_ns($bus, 'bus');
-    $client->deserializer(BusDeserializer->new);
+    $client->deserializer(BusData::Deserializer->new);
     $cases{$case}->();
 }
 
