@@ -10,8 +10,6 @@ import java.net.URL;
 import javax.xml.namespace.QName;
 import org.apache.axis.AxisEngine;
 import org.apache.axis.AxisFault;
-import org.apache.axis.EngineConfiguration;
-import org.apache.axis.client.AxisClient;
 import org.apache.axis.client.Stub;
 import org.apache.axis.message.SOAPHeaderElement;
 
@@ -122,8 +120,10 @@ public class Client {
     public static void main(String[] arguments) throws Exception {
         bus = arguments[1] + "/schemas/halyardns/3/";
         EventManagementService_ServiceLocator locator = new EventManagementService_ServiceLocator();
-        if (!Boolean.getBoolean("defaults"))
+        if (!Boolean.getBoolean("defaults")) {
             locator.getEngine().setOption(AxisEngine.PROP_DOMULTIREFS, false);
+            locator.getEngine().setOption(AxisEngine.PROP_SEND_XSI, false);
+        }
         service = locator.geteventManagementService(new URL(arguments[2]));
         ((Stub) service).setTimeout(20000);
         try {
