@@ -33,7 +33,7 @@ function(korva_generate)
     list(TRANSFORM outputs PREPEND "${KORVA_GENERATED_DIR}/")
 
     set(sources ${KORVA_SCHEMA_FILES} ${KORVA_WSDL_FILES})
-    set(copies ${sources})
+    set(copies ${sources} joined/bus.xsd)
     list(TRANSFORM sources PREPEND "${PROJECT_SOURCE_DIR}/schema/")
     list(TRANSFORM copies PREPEND "${KORVA_SCHEMA_DIR}/")
 

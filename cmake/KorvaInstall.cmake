@@ -30,6 +30,7 @@ install(DIRECTORY "${KORVA_GENERATED_DIR}/include/" DESTINATION "${CMAKE_INSTALL
 set(schema_files ${KORVA_SCHEMA_FILES} ${KORVA_WSDL_FILES})
 list(TRANSFORM schema_files PREPEND "${KORVA_SCHEMA_DIR}/")
 install(FILES ${schema_files} DESTINATION "${data_dir}/schema")
+install(FILES "${KORVA_SCHEMA_DIR}/joined/bus.xsd" DESTINATION "${data_dir}/schema/joined")
 install(FILES "${PROJECT_SOURCE_DIR}/LICENSE" DESTINATION "${CMAKE_INSTALL_DOCDIR}")
 
 install(

@@ -18,11 +18,30 @@ function(write_if_different path content)
     file(WRITE "${path}" "${content}")
 endfunction()
 
+# The area files include each other in a ring, so that each can be loaded alone. Some toolkits run
+# round in it for ever: services refer to the same types in one file.
+file(READ "${SOURCES}/bus.xsd" joined)
+string(REGEX REPLACE "[ \n]*<xs:include.*" "\n" joined "${joined}")
+string(REPLACE "xmlns:bus=" "xmlns:SOAP-ENC=\"http://schemas.xmlsoap.org/soap/encoding/\"
+           xmlns:wsdl=\"http://schemas.xmlsoap.org/wsdl/\"
+           xmlns:bus=" joined "${joined}")
+string(REPLACE "schemaLocation=\"" "schemaLocation=\"../" joined "${joined}")
+string(REPLACE "${default_authority}" "${AUTHORITY}" joined "${joined}")
+
 foreach(name IN LISTS KORVA_SCHEMA_FILES KORVA_WSDL_FILES)
     file(READ "${SOURCES}/${name}" text)
     string(REPLACE "${default_authority}" "${AUTHORITY}" text "${text}")
+    if(name MATCHES "\\.wsdl$")
+        string(REPLACE "schemaLocation=\"bus.xsd\"" "schemaLocation=\"joined/bus.xsd\"" text "${text}")
+    elseif(NOT name MATCHES "^(bus|soap-encoding)\\.xsd$")
+        string(REGEX REPLACE "^.*<xs:schema[^>]*>" "" types "${text}")
+        string(REGEX REPLACE "[ ]*<xs:(include|import)[^>]*>\n*" "" types "${types}")
+        string(REPLACE "</xs:schema>\n" "" types "${types}")
+        string(APPEND joined "${types}")
+    endif()
     write_if_different("${COPIES}/${name}" "${text}")
 endforeach()
+write_if_different("${COPIES}/joined/bus.xsd" "${joined}</xs:schema>\n")
 
 set(arguments --schema "${COPIES}/bus.xsd")
 foreach(name IN LISTS KORVA_WSDL_FILES)

@@ -1,5 +1,6 @@
 #include "generator/model/Schema.h"
 
+#include <algorithm>
 #include <array>
 
 namespace korva::schemac::model {
@@ -30,6 +31,12 @@ const std::string& Schema::portTypesFile() const {
 const Type* Schema::find(std::string_view name) const {
     const auto found = typesByName.find(name);
     return found == typesByName.end() ? nullptr : found->second;
+}
+
+bool Schema::isHeader(const Message& message) const {
+    return std::any_of(headerMessages.begin(), headerMessages.end(), [&](const QName& header) {
+        return header.name == message.name && header.uri == message.uri;
+    });
 }
 
 std::string hexOf(std::int32_t identity) {

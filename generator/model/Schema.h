@@ -134,26 +134,27 @@ struct Type {
 inline constexpr std::string_view kRequestSuffix = "_Request";
 inline constexpr std::string_view kReplySuffix = "_Reply";
 
+/// The use of a message, a port type or an element by name.
+struct QName {
+    Location at;
+    std::string text;
+    std::string uri;
+    std::string name;
+};
+
 struct Message {
     Location at;
     std::string uri;
     std::string name;  ///< "asynchRun_Request"
     std::string documentation;
     std::vector<Field> params;
+    std::vector<QName> elements;  ///< what its parts name instead of types, in a header's message
 
     // Decided by the passes.
     std::string className;  ///< "KORVAAsynchRun_Request"
     std::int32_t identity = 0;
     bool isRequest = false;
     unsigned unit = 0;  ///< 1-based, of the messages' units
-};
-
-/// The use of a message or a port type by name.
-struct QName {
-    Location at;
-    std::string text;
-    std::string uri;
-    std::string name;
 };
 
 struct Operation {
@@ -218,6 +219,7 @@ struct Schema {
     std::string uri;                 ///< target namespace of the types
     std::vector<std::string> files;  ///< every file read, in reading order
     std::deque<Type> types;
+    std::vector<Field> elements;  ///< those of the top level: the entries of headers
     std::deque<Message> messages;
     std::vector<PortType> portTypes;
     std::vector<Binding> bindings;
@@ -242,6 +244,9 @@ struct Schema {
     const std::string& portTypesFile() const;
 
     const Type* find(std::string_view name) const;
+
+    /// Whether only a soap:header refers to the message.
+    bool isHeader(const Message& message) const;
 };
 
 /// "0x5A3811FB", an identity as an unsigned number.

@@ -81,6 +81,10 @@ void decideIdentities(Schema& schema, Diagnostics& diagnostics) {
         }
         if (type.form == TypeForm::Array) type.elementObjectType = objectTypeOf(type.element);
     }
+    for (Field& element : schema.elements) {
+        element.identity = words.take(element.name, element.at, item("element", element.name));
+        element.objectType = objectTypeOf(element.reference);
+    }
     Space messages(kLastReservedMessage, diagnostics);
     for (Message& message : schema.messages) {
         for (Field& param : message.params) {

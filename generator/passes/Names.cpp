@@ -212,7 +212,7 @@ private:
     void nameMessage(Message& message) {
         if (message.name.empty()) return;
         const std::string owner = item("message", message.name);
-        if (isHeader(message)) return;
+        if (m_schema.isHeader(message)) return;
         std::map<std::string, const Field*> stems;
         for (Field& param : message.params) {
             nameField(param, stems, kTakenParamStems, item("part", param.name) + " of " + owner);
@@ -236,13 +236,6 @@ private:
         }
         message.className = std::string(kClassPrefix) + raised(message.name);
         takeClassName(message.className, message.at, owner);
-    }
-
-    bool isHeader(const Message& message) const {
-        return std::any_of(m_schema.headerMessages.begin(), m_schema.headerMessages.end(),
-                           [&](const QName& header) {
-                               return header.name == message.name && header.uri == message.uri;
-                           });
     }
 
     void pairMessages() {

@@ -6,6 +6,7 @@ namespace korva::schemac {
 
 void runPasses(model::Schema& schema, Diagnostics& diagnostics) {
     passes::resolveReferences(schema, diagnostics);
+    passes::checkHeaders(schema, diagnostics);
     passes::findCycles(schema, diagnostics);
     passes::decideKinds(schema, diagnostics);
     passes::decideNames(schema, diagnostics);

@@ -19,6 +19,9 @@ namespace passes {
 /// Looks up the types of fields, parts, array elements and bases.
 void resolveReferences(model::Schema& schema, Diagnostics& diagnostics);
 
+/// Refuses elements of the top level that are not entries of a header, and parts that name others.
+void checkHeaders(model::Schema& schema, Diagnostics& diagnostics);
+
 /// Refuses a class that is among its own bases, and cuts such a chain for the passes that follow.
 void findCycles(model::Schema& schema, Diagnostics& diagnostics);
 

@@ -1,6 +1,9 @@
 #include "generator/passes/Passes.h"
 #include "generator/reader/Reading.h"
 
+#include <algorithm>
+#include <set>
+
 namespace korva::schemac::passes {
 
 using namespace model;
@@ -86,11 +89,44 @@ void resolveReferences(Schema& schema, Diagnostics& diagnostics) {
         }
         if (type.form == TypeForm::Array) resolver.resolve(type.element, describe(type));
     }
+    for (Field& element : schema.elements) {
+        resolver.resolve(element.reference, item("element", element.name));
+    }
     for (Message& message : schema.messages) {
         for (Field& param : message.params) {
             resolver.resolve(param.reference,
                              item("part", param.name) + " of " + item("message", message.name));
         }
+    }
+}
+
+void checkHeaders(Schema& schema, Diagnostics& diagnostics) {
+    std::set<const Field*> used;
+    for (const Message& message : schema.messages) {
+        for (const QName& name : message.elements) {
+            const std::string owner = item("message", message.name);
+            if (!schema.isHeader(message)) {
+                diagnostics.error(name.at, owner,
+                                  "its part names the element " + inQuotes(name.text),
+                                  "the attribute \"type\"; only a soap:header has elements");
+                continue;
+            }
+            const auto found = std::find_if(
+                schema.elements.begin(), schema.elements.end(), [&](const Field& element) {
+                    return name.uri == schema.uri && element.name == name.name;
+                });
+            if (found != schema.elements.end()) {
+                used.insert(&*found);
+            } else if (!name.uri.empty()) {
+                diagnostics.error(name.at, owner, "unknown element " + inQuotes(name.text),
+                                  "an xs:element of the top level of the schema");
+            }
+        }
+    }
+    for (const Field& element : schema.elements) {
+        if (used.contains(&element)) continue;
+        diagnostics.error(element.at, item("element", element.name), "no header is made of it",
+                          "a part of a soap:header's message that names it, or no such element");
     }
 }
 

@@ -21,6 +21,16 @@ bool isTextFacet(const XmlElement& element) {
            std::find(kTextFacets.begin(), kTextFacets.end(), element.name) != kTextFacets.end();
 }
 
+constexpr std::string_view kQualified = "qualified";
+constexpr std::string_view kUnqualified = "unqualified";
+constexpr std::string_view kItem = "item";
+
+std::string isValue(std::string_view attribute, const std::string& value) {
+    std::string out = "its ";
+    out.append(attribute).append(" is ").append(inQuotes(value));
+    return out;
+}
+
 // The children of `element` but for its annotation.
 std::vector<const XmlElement*> contentOf(const XmlElement& element) {
     std::vector<const XmlElement*> out;
@@ -55,6 +65,7 @@ void SchemaReader::readSchema(const XmlElement& root, const std::string& path) {
         m_diagnostics.error(root.at, "schema", "its target namespace is " + inQuotes(uri),
                             inQuotes(m_schema.uri) + ", as in the files before");
     }
+    readElementForm(root);
     for (const auto& child : root.children) {
         if (child->is(kXsd, "include")) {
             readInclude(*child, path);
@@ -62,11 +73,47 @@ void SchemaReader::readSchema(const XmlElement& root, const std::string& path) {
             readComplexType(*child);
         } else if (child->is(kXsd, "simpleType")) {
             readSimpleType(*child);
+        } else if (child->is(kXsd, "element")) {
+            readTopElement(*child);
         } else if (!child->is(kXsd, "annotation") && !child->is(kXsd, "import")) {
-            refuse(*child, "xs:complexType, xs:simpleType, xs:include, xs:import or xs:annotation",
+            refuse(*child,
+                   "xs:complexType, xs:simpleType, xs:element, xs:include, xs:import or "
+                   "xs:annotation",
                    m_diagnostics);
         }
     }
+}
+
+void SchemaReader::readElementForm(const XmlElement& root) {
+    const std::string* form = root.attribute("elementFormDefault");
+    if (form != nullptr && *form != kQualified) {
+        m_diagnostics.error(root.at, "schema", isValue("elementFormDefault", *form),
+                            "\"qualified\"; fields are written in the namespace of the bus");
+        return;
+    }
+    const bool tells = form != nullptr;
+    if (!m_tellsWire) m_tellsWire = tells;
+    if (*m_tellsWire == tells) return;
+    m_diagnostics.error(
+        root.at, "schema",
+        tells ? "its elementFormDefault is \"qualified\"" : "it has no elementFormDefault",
+        tells ? "none, as in the files before" : "\"qualified\", as in the files before");
+}
+
+void SchemaReader::readTopElement(const XmlElement& element) {
+    checkAttributes(element, {"name", "type"}, m_diagnostics);
+    for (const XmlElement* child : contentOf(element)) {
+        m_diagnostics.error(child->at, describe(element), "it defines a type in place",
+                            "the attribute \"type\"");
+    }
+    annotationOf(element, Notes::None, m_diagnostics);
+    model::Field top;
+    top.at = element.at;
+    top.name = required(element, "name", m_diagnostics);
+    const std::string typeName = required(element, "type", m_diagnostics);
+    if (top.name.empty() || typeName.empty()) return;
+    top.reference = typeReference(element, typeName, m_diagnostics);
+    m_schema.elements.push_back(std::move(top));
 }
 
 void SchemaReader::readInclude(const XmlElement& include, const std::string& path) {
@@ -153,7 +200,12 @@ void SchemaReader::readArray(const XmlElement& restriction, model::Type& type) {
     }
     const std::string* arrayType = nullptr;
     const XmlElement* holder = nullptr;
+    const XmlElement* items = nullptr;
     for (const XmlElement* child : contentOf(restriction)) {
+        if (child->is(kXsd, "sequence") && items == nullptr && holder == nullptr) {
+            items = child;
+            continue;
+        }
         if (!child->is(kXsd, "attribute")) {
             refuse(*child, "one xs:attribute with a wsdl:arrayType", m_diagnostics);
             continue;
@@ -177,6 +229,72 @@ void SchemaReader::readArray(const XmlElement& restriction, model::Type& type) {
     }
     type.element = typeReference(
         *holder, arrayType->substr(0, arrayType->size() - kBrackets.size()), m_diagnostics);
+    if (items != nullptr) {
+        readItems(*items, type);
+    } else if (tellsWire()) {
+        m_diagnostics.error(restriction.at, item("complexType", type.name),
+                            "it does not tell its items",
+                            "an xs:sequence of one xs:element \"item\"");
+    }
+}
+
+void SchemaReader::readItems(const XmlElement& sequence, const model::Type& type) {
+    checkAttributes(sequence, {}, m_diagnostics);
+    const auto content = contentOf(sequence);
+    if (content.size() != 1 || !content.front()->is(kXsd, "element")) {
+        m_diagnostics.error(sequence.at, describe(sequence), "the items of the array are unclear",
+                            "one xs:element \"item\"");
+        return;
+    }
+    const XmlElement& element = *content.front();
+    checkAttributes(element, {"name", "type", "form", "minOccurs", "maxOccurs", "nillable"},
+                    m_diagnostics);
+    const std::string name = required(element, "name", m_diagnostics);
+    if (!name.empty() && name != kItem) {
+        m_diagnostics.error(element.at, describe(element), isValue("name", name),
+                            "\"item\", as it is written");
+    }
+    checkForm(element, kUnqualified);
+    checkOccurrence(element, "unbounded", "an array has any number of items");
+    checkMayBeMissing(element);
+    const std::string text = required(element, "type", m_diagnostics);
+    if (text.empty()) return;
+    const model::QName reference = qualified(element, text, m_diagnostics);
+    if (reference.uri != type.element.uri || reference.name != type.element.name) {
+        m_diagnostics.error(element.at, describe(element), isValue("type", text),
+                            inQuotes(type.element.text) + ", as in the wsdl:arrayType");
+    }
+}
+
+void SchemaReader::checkForm(const XmlElement& element, std::string_view wire) {
+    const std::string* told = element.attribute("form");
+    if (told != nullptr ? *told == wire : !tellsWire() || wire == kQualified) return;
+    m_diagnostics.error(element.at, describe(element),
+                        told != nullptr ? isValue("form", *told) : "it has no form",
+                        inQuotes(wire) + ", as it is written");
+}
+
+void SchemaReader::checkOccurrence(const XmlElement& element, const std::string& most,
+                                   std::string_view why) {
+    const std::string* told = element.attribute("maxOccurs");
+    const std::string occurs = told != nullptr ? *told : "1";
+    if (occurs == most) return;
+    std::string expected = inQuotes(most);
+    expected.append("; ").append(why);
+    m_diagnostics.error(element.at, describe(element), isValue("maxOccurs", occurs), expected);
+}
+
+void SchemaReader::checkMayBeMissing(const XmlElement& element) {
+    const std::string* least = element.attribute("minOccurs");
+    if (least != nullptr ? *least != "0" : tellsWire()) {
+        m_diagnostics.error(element.at, describe(element),
+                            least != nullptr ? isValue("minOccurs", *least) : "it has no minOccurs",
+                            "\"0\"; what has no value is left out");
+    }
+    if (!flag(element, "nillable", !tellsWire(), m_diagnostics)) {
+        m_diagnostics.error(element.at, describe(element), "it is not nillable",
+                            "nillable=\"true\"; what has no value may be written as nil");
+    }
 }
 
 void SchemaReader::readSequence(const XmlElement& sequence, model::Type& type) {
@@ -192,12 +310,11 @@ void SchemaReader::readSequence(const XmlElement& sequence, model::Type& type) {
 }
 
 void SchemaReader::readElement(const XmlElement& element, model::Type& type) {
-    checkAttributes(element, {"name", "type", "minOccurs", "maxOccurs", "nillable"}, m_diagnostics);
-    const std::string* most = element.attribute("maxOccurs");
-    if (most != nullptr && *most != "1") {
-        m_diagnostics.error(element.at, describe(element), "its maxOccurs is \"" + *most + "\"",
-                            "\"1\"; what repeats is an array type of its own");
-    }
+    checkAttributes(element, {"name", "type", "form", "minOccurs", "maxOccurs", "nillable"},
+                    m_diagnostics);
+    checkForm(element, kQualified);
+    checkOccurrence(element, "1", "what repeats is an array type of its own");
+    checkMayBeMissing(element);
     for (const XmlElement* child : contentOf(element)) {
         m_diagnostics.error(child->at, describe(element), "it defines a type in place",
                             "the attribute \"type\"");

@@ -5,8 +5,10 @@
 #include "generator/model/Schema.h"
 #include "generator/reader/XmlLoader.h"
 
+#include <optional>
 #include <set>
 #include <string>
+#include <string_view>
 
 namespace korva::schemac {
 
@@ -21,19 +23,31 @@ public:
 
 private:
     void readSchema(const XmlElement& root, const std::string& path);
+    void readElementForm(const XmlElement& root);
+    void readTopElement(const XmlElement& element);
     void readInclude(const XmlElement& include, const std::string& path);
     void readComplexType(const XmlElement& element);
     void readComplexContent(const XmlElement& content, model::Type& type);
     void readArray(const XmlElement& restriction, model::Type& type);
+    void readItems(const XmlElement& sequence, const model::Type& type);
     void readSequence(const XmlElement& sequence, model::Type& type);
     void readElement(const XmlElement& element, model::Type& type);
     void readSimpleType(const XmlElement& element);
     void readFacets(const XmlElement& restriction, model::Type& type);
 
+    /// Whether the files say what the elements on the wire look like; older ones do not.
+    bool tellsWire() const { return m_tellsWire.value_or(false); }
+
+    // Each records an error where an element says another wire form than the one written.
+    void checkForm(const XmlElement& element, std::string_view wire);
+    void checkOccurrence(const XmlElement& element, const std::string& most, std::string_view why);
+    void checkMayBeMissing(const XmlElement& element);
+
     XmlLoader& m_loader;
     model::Schema& m_schema;
     Diagnostics& m_diagnostics;
     std::set<std::string> m_seen;
+    std::optional<bool> m_tellsWire;  ///< as the first file does, and all others must
 };
 
 /// `relative` as seen from the file `from`.

@@ -104,10 +104,14 @@ void WsdlReader::readMessage(const XmlElement& element, const std::string& uri) 
             refuse(*child, "wsdl:part or wsdl:documentation", m_diagnostics);
             continue;
         }
-        checkAttributes(*child, {"name", "type"}, m_diagnostics);
+        checkAttributes(*child, {"name", "type", "element"}, m_diagnostics);
         model::Field param;
         param.at = child->at;
         param.name = required(*child, "name", m_diagnostics);
+        if (const std::string* top = child->attribute("element")) {
+            message.elements.push_back(qualified(*child, *top, m_diagnostics));
+            continue;
+        }
         param.documentation = documentationOf(*child);
         const std::string type = required(*child, "type", m_diagnostics);
         if (param.name.empty() || type.empty()) continue;

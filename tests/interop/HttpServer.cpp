@@ -2,6 +2,7 @@
 
 #include <brim/BRIMMemoryInputStream.h>
 #include <brim/BRIMMemoryOutputStream.h>
+#include <halyard/HALYARDTKMultipartWriter.h>
 #include <korva/KORVABatchReportServicePortType.h>
 #include <korva/KORVAContentManagerCacheServicePortType.h>
 #include <korva/KORVAContentManagerServicePortType.h>
@@ -85,7 +86,8 @@ std::string write(KORVAPortTypeBinding& binding) {
 
 class HttpServer::Listener {
 public:
-    explicit Listener(Service service) : m_service(std::move(service)) {
+    Listener(Service service, std::string attachment)
+        : m_service(std::move(service)), m_attachment(std::move(attachment)) {
         // One thread: calls come one after the other.
         m_server.new_task_queue = [] { return new httplib::ThreadPool(1); };
         m_server.Post(".*", [this](const httplib::Request& request, httplib::Response& response) {
@@ -128,7 +130,20 @@ private:
             exchange.answer = faultEnvelope(fault.getSOAPFault());
             response.status = 500;
         }
-        response.set_content(exchange.answer, contentType);
+        if (response.status < 500 && !m_attachment.empty())
+            setMultipart(response, exchange.answer);
+        else
+            response.set_content(exchange.answer, contentType);
+    }
+
+    void setMultipart(httplib::Response& response, const std::string& envelope) const {
+        BRIMMemoryOutputStream bytes;
+        HALYARDTKMultipartWriter message(bytes);
+        message.beginRoot().write(envelope.data(), envelope.size());
+        BRIMMemoryInputStream part(m_attachment.data(), m_attachment.size());
+        message.writePart(attachmentId, "application/octet-stream", part);
+        message.close();
+        response.set_content({bytes.str(), bytes.pcount()}, message.getContentType());
     }
 
     static void read(Exchange& exchange) {
@@ -137,14 +152,15 @@ private:
     }
 
     Service m_service;
+    std::string m_attachment;
     httplib::Server m_server;
     std::thread m_thread;
     int m_port = 0;
     std::vector<Exchange> m_exchanges;
 };
 
-HttpServer::HttpServer(Service service)
-    : m_listener(std::make_unique<Listener>(std::move(service))) {}
+HttpServer::HttpServer(Service service, std::string attachment)
+    : m_listener(std::make_unique<Listener>(std::move(service), std::move(attachment))) {}
 
 HttpServer::~HttpServer() = default;
 

@@ -27,8 +27,12 @@ public:
     /// Fills the output message of a call, or raises the fault to answer with.
     using Service = std::function<void(KORVAPortTypeBinding&)>;
 
+    /// What follows each reply as a part of its message, under the id `attachmentId`.
+    static constexpr const char* attachmentId = "picture";
+
+    /// With an attachment, replies are multipart messages.
     /// @throws std::runtime_error there is no port
-    explicit HttpServer(Service service);
+    explicit HttpServer(Service service, std::string attachment = {});
     ~HttpServer();
 
     HttpServer(const HttpServer&) = delete;

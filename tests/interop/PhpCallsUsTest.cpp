@@ -2,7 +2,7 @@
 // php/client.php under its name.
 #include "tests/faults/SampleFaults.h"
 #include "tests/interop/Objects.h"
-#include "tests/interop/PhpClient.h"
+#include "tests/interop/Php.h"
 
 #include <korva/KORVAAsynchDetailArray.h>
 #include <korva/KORVAAsynchDetailMIMEAttachment.h>
@@ -413,7 +413,7 @@ TEST(PhpCallsUs, SendsANullArrayTypedBySoapWhichIsRefused) {
 // ----- plain values -----
 
 TEST(PhpCallsUs, SendsTextThatNeedsEscapingAndTextBeyondAscii) {
-    const PhpClient php("texts");
+    const PhpClient php("report-texts");
     const auto& request = php.request<KORVAAsynchRun_Request>();
     EXPECT_STREQ(request.getObjectPath()->getValue(), anyText);
     KORVAOptionArray& options = *request.getOptions();

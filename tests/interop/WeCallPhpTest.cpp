@@ -1,7 +1,7 @@
 // A client that writes and reads with the library, against PHP's server. Each case stands in
 // php/server.php under its name.
 #include "tests/interop/Objects.h"
-#include "tests/interop/PhpServer.h"
+#include "tests/interop/Php.h"
 
 #include <korva/KORVAAsynchDetailArray.h>
 #include <korva/KORVAAsynchDetailMIMEAttachment.h>

@@ -1,6 +1,8 @@
 /// Where a filler of objects takes its values from.
 #pragma once
 
+#include <korva/KORVASchemaTypeI.h>
+
 #include <cstddef>
 #include <string>
 
@@ -13,6 +15,10 @@ public:
     virtual ~FillerValues() = default;
 
     virtual std::string text(const std::string& place) { return place; }
+    /// A text of a plain type, such as a date; nobody but a validator looks at its form.
+    virtual std::string textOf(KORVASchemaTypeI::ObjectType /*type*/, const std::string& place) {
+        return text(place);
+    }
     virtual std::string bytes(const std::string& place) { return place; }
     virtual int number() { return ++m_number; }
     virtual float fraction() { return static_cast<float>(++m_number) + 0.5F; }

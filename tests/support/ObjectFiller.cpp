@@ -189,7 +189,7 @@ void* ObjectFiller::makeValue(const std::string& place, Type type) {
 }
 
 void* ObjectFiller::makeValue(const std::string& place, Type type, int level) {
-    if (Factory::isString(type)) return makeText(m_values.text(place));
+    if (Factory::isString(type)) return makeText(m_values.textOf(type, place));
     if (isNumber(type)) {
         auto* const number = new int(m_values.number());
         m_registry->registerPointer(number, KORVAObjectRegistryI::eKORVADelete);

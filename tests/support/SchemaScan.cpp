@@ -96,7 +96,10 @@ void scanFile(const std::filesystem::path& path, Schema::Types& types) {
             type = nullptr;
         } else if (type != nullptr && tag.is("xs:extension")) {
             type->base = withoutPrefix(tag.attribute("base"));
-        } else if (type != nullptr && tag.is("xs:element")) {
+        } else if (type != nullptr && tag.is("xs:restriction") &&
+                   tag.attribute("base") == "SOAP-ENC:Array") {
+            type->family = SchemaType::eArray;
+        } else if (type != nullptr && type->family == SchemaType::eClass && tag.is("xs:element")) {
             type->fields.push_back({tag.attribute("name"), tag.attribute("type")});
             insideMember = !tag.isEmptyElement();
         } else if (type != nullptr && tag.is("xs:enumeration")) {
@@ -108,7 +111,6 @@ void scanFile(const std::filesystem::path& path, Schema::Types& types) {
             noteOpen(tag.textBehind(), *type);
         } else if (type != nullptr && tag.is("xs:attribute")) {
             const std::string arrayType = tag.attribute("wsdl:arrayType");
-            type->family = SchemaType::eArray;
             type->element = arrayType.substr(0, arrayType.find('['));
         }
     }
@@ -146,13 +148,20 @@ std::vector<std::string> Schema::derivedFrom(const std::string& base) const {
     return names;
 }
 
+Schema scan(const std::vector<std::string>& files) {
+    Schema::Types types;
+    for (const std::string& file : files)
+        scanFile(file, types);
+    return Schema(std::move(types));
+}
+
 const Schema& builtSchema() {
     static const Schema& schema = *new Schema([] {
-        Schema::Types types;
+        std::vector<std::string> files;
         for (const auto& entry : std::filesystem::directory_iterator(KORVA_TEST_SCHEMA_DIR))
             if (entry.path().extension() == ".xsd" && entry.path().stem() != "soap-encoding")
-                scanFile(entry.path(), types);
-        return types;
+                files.push_back(entry.path());
+        return scan(files);
     }());
     return schema;
 }

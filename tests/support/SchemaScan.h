@@ -57,6 +57,9 @@ private:
     std::map<KORVASchemaTypeI::ObjectType, std::vector<std::string>> m_concrete;
 };
 
+/// All types of these XSD files.
+Schema scan(const std::vector<std::string>& files);
+
 /// All types of the XSD files that the build is made from, but for those of the SOAP encoding. Read
 /// by the first call.
 const Schema& builtSchema();

@@ -18,6 +18,7 @@ final class AsynchDetailReportOutput extends BusObject {}
 final class AsynchDetailReportStatus extends BusObject {}
 final class AsynchReply extends BusObject {}
 final class AsynchRequest extends BusObject {}
+final class BoundRangeParmValueItem extends BusObject {}
 final class MapInfo extends BusObject {}
 final class Output extends BusObject {}
 final class PageDefinition extends BusObject {}

@@ -134,7 +134,7 @@ $cases = [
 
     'plain-run' => fn () => service('reportService')->run('/content/report', [], []),
 
-    'texts' => fn () => service('reportService')->run(TEXT, [], [
+    'report-texts' => fn () => service('reportService')->run(TEXT, [], [
         bus('runOptionString', name: 'burstKeyLimit', value: ''),
         bus('runOptionString', name: 'burstKeyLimit', value: "  two\nlines  "),
     ]),
@@ -257,6 +257,55 @@ $cases = [
     'soap12' => fn () => service('reportService', ['soap_version' => SOAP_1_2])->getMapInfo(),
 
     'preview' => fn () => service('reportService')->getMapPreview('map-1'),
+];
+
+// The cases of tests/toolkits/Cases.h, of the event management service.
+function run(?string $path, ?array $values, ?array $options, array $headers = []): mixed {
+    return callWithHeaders(
+        service('eventManagementService'), 'run', [$path, $values, $options], $headers);
+}
+
+function item(string $use, string $display): BusObject {
+    return bus('simpleParmValueItem', inclusive: true, use: $use, display: $display);
+}
+
+$path = '/content/report';
+$cases += [
+    'tree' => fn () => run($path, [
+        bus('parameterValue', name: 'region', value: [
+            item('EMEA', 'Europe'),
+            bus('boundRangeParmValueItem', start: item('1', 'one'), end: item('9', 'nine')),
+        ]),
+    ], [
+        prompt(false),
+        bus('runOptionStringArray', name: 'outputFormat', value: ['PDF', 'HTML']),
+        bus('runOptionInt', name: 'verticalElements', value: -5),
+    ], [busHeader([
+        'Warden' => (object) [
+            'authenticityToken' => "\x00\x01\xFE\xFFabc",
+            'WardenPassport' => (object) ['id' => 'MTsx', 'isAnonymous' => false],
+            'roles' => ['Authors', 'R&D'],
+        ],
+        'tracking' => (object) ['hopCount' => 2],
+    ])]),
+    'texts' => fn () => run(TEXT, [], [
+        bus('runOptionString', name: 'burstKeyLimit', value: "  two\nlines  "),
+    ]),
+    'empty-text' => fn () => run('', [], [bus('runOptionString', name: 'burstKeyLimit', value: '')]),
+    'nulls' => fn () => run(null, null, null),
+    'empty' => fn () => run($path, [], []),
+    'null-items' => fn () => run($path, [bus('parameterValue', name: 'region'), null], [
+        bus('runOptionBoolean', name: 'prompt', value: null),
+        null,
+    ]),
+    'omitted' => fn () => run($path, [bus('parameterValue', name: 'region')], [
+        bus('runOptionBoolean', name: 'prompt'),
+    ]),
+    'shared' => function () use ($path) {
+        $option = prompt(true);
+        return run($path, [], [$option, $option]);
+    },
+    'trigger' => fn () => service('eventManagementService')->trigger('nightly'),
 ];
 
 if (str_starts_with($case, 'every-operation-of-')) {

@@ -1,26 +1,30 @@
-// PHP as the client of the library's server.
+// A foreign toolkit as the client of the library's server.
 #pragma once
 
 #include "tests/interop/HttpServer.h"
 
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 namespace korva::test {
 
-/// One case of php/client.php, run against a server that lives as long as this object.
-class PhpClient {
+/// One case of a toolkit's client, run against a server that lives as long as this object.
+class ToolkitClient {
 public:
     using Service = HttpServer::Service;
 
     /// Leaves the reply as it was made: its parameters are null.
     static void leaveUnset(KORVAPortTypeBinding&) {}
 
-    /// Runs the case to its end.
-    /// @throws std::runtime_error the script failed
-    explicit PhpClient(const std::string& name, Service service = leaveUnset);
+    /// Runs the program `command` to its end. Its further arguments are the folder of the schema,
+    /// the address of the bus, the location of the server and the case.
+    /// @param attachment what HttpServer sends beside each reply
+    /// @throws std::runtime_error the program failed
+    ToolkitClient(std::vector<std::string> command, const std::string& name, Service service,
+                  std::string attachment = {});
 
-    /// What the script printed: the reply as PHP understood it.
+    /// What the program printed: the reply as the toolkit understood it.
     const std::string& printed() const { return m_printed; }
 
     const std::vector<Exchange>& exchanges() const { return m_server.exchanges(); }
@@ -29,7 +33,7 @@ public:
     /// @throws std::logic_error there was none, or more
     const Exchange& exchange() const;
 
-    /// The request of that call as PHP wrote it.
+    /// The request of that call as the toolkit wrote it.
     const std::string& envelope() const { return exchange().envelope; }
 
     /// The answer to that call as we wrote it.

@@ -1,4 +1,4 @@
-// PHP as the server of the library's client.
+// A foreign toolkit as the server of the library's client.
 #pragma once
 
 #include "tests/interop/ChildProcess.h"
@@ -8,6 +8,7 @@
 
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 namespace korva::test {
 
@@ -23,12 +24,13 @@ private:
     unsigned m_number;
 };
 
-/// php/server.php, which answers as one of its cases says, at a port that the system chose.
-class PhpServer {
+/// A toolkit's server, which answers as one of its cases says, at a port that the system chose.
+class ToolkitServer {
 public:
-    /// Starts the server and waits until it listens.
-    /// @throws std::runtime_error it does not
-    explicit PhpServer(const std::string& name);
+    /// Starts the program `command` and waits until it tells its location. Its further arguments
+    /// are the folder of the schema, the address of the bus and the case.
+    /// @throws std::runtime_error it does not listen
+    ToolkitServer(std::vector<std::string> command, const std::string& name);
 
     /// Sends the binding's input message, and reads the reply into its output message.
     /// @throws std::runtime_error there is no reply
@@ -39,12 +41,11 @@ public:
     /// The status and the envelope of the last reply.
     const HttpReply& reply() const { return m_reply; }
 
-    /// The last call as PHP understood it: the SOAP action, the header, the operation and its
-    /// arguments, as a tree.
+    /// The last call as the toolkit understood it.
     std::string understood() const;
 
 private:
-    ChildProcess m_php;
+    ChildProcess m_server;
     std::string m_location;
     HttpReply m_reply;
 };

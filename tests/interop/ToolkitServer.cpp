@@ -1,6 +1,4 @@
-#include "tests/interop/PhpServer.h"
-
-#include "tests/interop/Php.h"
+#include "tests/interop/ToolkitServer.h"
 
 #include <brim/BRIMMemoryInputStream.h>
 #include <brim/BRIMMemoryOutputStream.h>
@@ -8,15 +6,25 @@
 #include <korva/KORVASOAPMessageIDeserializer.h>
 #include <korva/KORVASOAPMessageISerializer.h>
 
+#include <utility>
+
 namespace korva::test {
 
-PhpServer::PhpServer(const std::string& name)
-    : m_php(phpCommand("server.php", {KORVA_TEST_SCHEMA_DIR, KORVA_TEST_AUTHORITY, name})),
-      m_location(m_php.readLine()) {
-    if (m_location.empty()) throw std::runtime_error("server.php does not listen");
+namespace {
+
+std::vector<std::string> withArguments(std::vector<std::string> command, const std::string& name) {
+    command.insert(command.end(), {KORVA_TEST_SCHEMA_DIR, KORVA_TEST_AUTHORITY, name});
+    return command;
 }
 
-void PhpServer::call(KORVAPortTypeBinding& binding) {
+}  // namespace
+
+ToolkitServer::ToolkitServer(std::vector<std::string> command, const std::string& name)
+    : m_server(withArguments(std::move(command), name)), m_location(m_server.readLine()) {
+    if (m_location.empty()) throw std::runtime_error("the server does not listen");
+}
+
+void ToolkitServer::call(KORVAPortTypeBinding& binding) {
     BRIMMemoryOutputStream request;
     KORVASOAPMessageISerializer().serialize(binding, binding.getInputMessage(), request);
     m_reply = post(m_location, binding.getSOAPAction(), {request.str(), request.pcount()});
@@ -29,7 +37,7 @@ void PhpServer::call(KORVAPortTypeBinding& binding) {
     }
 }
 
-std::string PhpServer::understood() const {
+std::string ToolkitServer::understood() const {
     return get(m_location).body;
 }
 
