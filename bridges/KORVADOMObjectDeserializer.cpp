@@ -7,6 +7,7 @@
 #include <korva/KORVAObjectRegistryFactory.h>
 #include <korva/KORVASchemaTypeIContentHandler.h>
 #include <korva/KORVASchemaTypesFactory.h>
+#include <korva/KORVA_AttachmentHandler.h>
 #include <zel/I18NConverter.h>
 #include <zel/ZELAssert.h>
 #include <zel/ZELFrame.h>
@@ -87,29 +88,42 @@ public:
     using KORVASchemaTypeIContentHandler::takesText;
 
     ObjectType getObjectType() const { return getParamType(); }
+};
 
-    /// Opens what is declared on `element` and above it, outermost first.
-    static void collectScope(const ZELIDOM_Element& element, KORVANamespaceMapping& mapping) {
+/// Opens what is declared on `element` and above it, outermost first.
+class Scope final : public KORVAContentHandler {
+public:
+    Scope(const ZELIDOM_Element& element, I18NConverter& converter, std::size_t maximumDeclarations)
+        : KORVAContentHandler(converter) {
+        setMaximumDeclarations(maximumDeclarations);
         std::vector<ZELIDOM_Node> path;
         for (ZELIDOM_Node node = element; !node.isNull(); node = node.getParentNode())
             path.push_back(node);
         for (auto node = path.rbegin(); node != path.rend(); ++node)
-            forEachDeclaration(*node, [&mapping](const XMLCh* prefix, const XMLCh* uri) {
+            forEachDeclaration(*node, [this](const XMLCh* prefix, const XMLCh* uri) {
                 addPrefix(mapping, prefix, uri);
             });
     }
+
+    KORVANamespaceMapping mapping;
 };
 
-KORVASchemaTypeI* read(const ZELIDOM_Element& domIn, KORVAObjectRegistryI* registry) {
-    KORVANamespaceMapping mapping;
-    ContentHandler::collectScope(domIn, mapping);
-    const KORVADOMToSAXAttributesImpl attributes(domIn.getAttributes());
+}  // namespace
+
+KORVASchemaTypeI* KORVADOMObjectDeserializer::read(const ZELIDOM_Element& domIn,
+                                                   KORVAObjectRegistryI* registry) const {
+    if (m_attachmentHandler != nullptr) m_attachmentHandler->clear();
     I18NConverter converter;
-    ContentHandler contentHandler(elementName(domIn), attributes, &mapping, registry, converter,
-                                  KORVASchemaTypeI::e_Unknown);
+    Scope scope(domIn, converter, m_maximumDeclarations);
+    const KORVADOMToSAXAttributesImpl attributes(domIn.getAttributes());
+    ContentHandler contentHandler(elementName(domIn), attributes, &scope.mapping, registry,
+                                  converter, KORVASchemaTypeI::e_Unknown);
+    contentHandler.setAttachmentHandler(m_attachmentHandler);
+    contentHandler.setMaximumAttributes(m_maximumAttributes);
+    contentHandler.setMaximumDeclarations(m_maximumDeclarations);
     for (ZELIDOM_Node node = domIn.getFirstChild(); !node.isNull(); node = node.getNextSibling()) {
         if (isElement(node))
-            KORVADOMObjectDeserializer::replay(node, contentHandler);
+            replay(node, contentHandler);
         else if (isText(node) && contentHandler.takesText())
             tellText(node, contentHandler);
     }
@@ -118,8 +132,6 @@ KORVASchemaTypeI* read(const ZELIDOM_Element& domIn, KORVAObjectRegistryI* regis
     // clang-format on
     return static_cast<KORVASchemaTypeI*>(contentHandler.getParamValue());
 }
-
-}  // namespace
 
 KORVADOMObjectDeserializerI::~KORVADOMObjectDeserializerI() = default;
 
@@ -141,6 +153,10 @@ KORVASchemaTypeI* KORVADOMObjectDeserializer::deserialize(const ZELIDOM_Element&
         return object;
     }
     ZEL_CATCH("KORVADOMObjectDeserializer::deserialize()");
+}
+
+void KORVADOMObjectDeserializer::setAttachmentHandler(KORVA_AttachmentHandler* handler) {
+    m_attachmentHandler = handler;
 }
 
 void KORVADOMObjectDeserializer::replay(const ZELIDOM_Node& nodeIn,

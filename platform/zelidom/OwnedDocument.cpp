@@ -2,6 +2,7 @@
 
 #include <brim/BRIMStreamInputSource.h>
 #include <zel/ZELThrow.h>
+#include <zelidom/ZELIDOM_Document.h>
 #include <zelidom/ZELIDOM_Error.h>
 
 #include <xercesc/dom/DOMDocument.hpp>
@@ -35,6 +36,7 @@ public:
                       const xercesc::RefVectorOf<xercesc::XMLAttr>& attributes,
                       const XMLSize_t attributeCount, const bool isEmpty,
                       const bool isRoot) override {
+        if (attributeCount > ZELIDOM_Document::maximumAttributes) refuseAttributes();
         // An empty element has no end event, and counts only while it starts.
         if (m_depth >= m_maximumDepth) refuseDepth();
         if (!isEmpty) ++m_depth;
@@ -49,6 +51,13 @@ public:
     }
 
 private:
+    [[noreturn]] static void refuseAttributes() {
+        const std::string text = "A start tag has more than " +
+                                 std::to_string(ZELIDOM_Document::maximumAttributes) +
+                                 " attributes.";
+        ZEL_THROW(ZELIDOM_Error(text.c_str()), function);
+    }
+
     [[noreturn]] void refuseDepth() const {
         const std::string text =
             "The elements are nested deeper than " + std::to_string(m_maximumDepth) + ".";

@@ -1,5 +1,6 @@
 #include "korva/KORVA_AttachmentHandler.h"
 
+#include "core/Names.h"
 #include "core/NumberedError.h"
 #include "soap/read/TextStore.h"
 #include "soap/read/Utf16.h"
@@ -13,6 +14,7 @@
 #include <korva/KORVASchemaTypesFactory.h>
 #include <korva/KORVAXSBase64Binary.h>
 #include <korva/KORVA_CharStreamable.h>
+#include <korva/KORVA_EnumObject.h>
 #include <korva/KORVA_HrefReference.h>
 #include <korva/KORVA_SpoolingAttachmentContainer.h>
 #include <zel/ZELAssert.h>
@@ -100,6 +102,10 @@ const char* textOf(KORVA_AttachmentContainerI& container, KORVAObjectRegistryI& 
 
 void setText(const KORVA_HrefReference& reference, const char* value) {
     KORVASchemaTypeI& object = reference.getObject();
+    // An enumeration takes words only, and does not tell so of a text that is streamed.
+    if (dynamic_cast<const KORVA_EnumObject*>(&object) != nullptr)
+        Factory::typeError(korva::xmlName(object.getObjectType()), reference.getName(),
+                           reference.getType(), reference.getType());
     char* const text = const_cast<char*>(value);
     std::size_t index = reference.getIndex();
     if (Factory::isArrayType(object.getObjectType())) {

@@ -34,8 +34,9 @@ void EntityBudget::declareAttribute() {
     if (++m_attributes > m_limits.attributes) m_guard.refuseAttributes();
 }
 
-void EntityBudget::expand() {
+void EntityBudget::expand(std::size_t open) {
     check();
+    if (open > m_limits.entityNesting) m_guard.refuseEntityNesting();
     if (++m_expansions > m_limits.entityExpansions) m_guard.refuseEntityExpansion();
     m_untold = m_longest;
     m_spent += m_untold;

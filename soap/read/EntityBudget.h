@@ -28,8 +28,8 @@ public:
 
     void declareEntity(std::string_view name, std::size_t length);
     void declareAttribute();
-    /// An entity is about to be expanded.
-    void expand();
+    /// An entity is about to be expanded, which makes `open` that are inside each other.
+    void expand(std::size_t open);
     /// It was this one.
     void tellExpanded(std::string_view name);
     /// An element starts, with attributes of this length.

@@ -75,6 +75,7 @@ void KORVAMessageIContentHandler::endDocument() {
 void KORVAMessageIContentHandler::startElement(const XMLCh* uri, const XMLCh* localName,
                                                const XMLCh* qName,
                                                const xercesc::Attributes& attributes) {
+    checkAttributes(attributes);
     m_events->startText();
     m_reader->startElement(m_events->element(uri, localName, qName, attributes));
 }

@@ -6,6 +6,7 @@
 #include <korva/KORVAMessageI.h>
 #include <korva/KORVAObjectRegistryFactory.h>
 #include <korva/KORVASOAPFaultException.h>
+#include <korva/KORVA_AttachmentHandler.h>
 #include <zel/ZELAssert.h>
 #include <zel/ZELFrame.h>
 #include <zel/ZELThrow.h>
@@ -54,6 +55,8 @@ void KORVASOAPMessageIDeserializer::parse(BRIMInputStream& stream, korva::Messag
         ~HeaderNote() { header = reader.header(); }
     };
     const HeaderNote note{m_header, reader};
+    // What an earlier message left in it may refer from objects that are gone.
+    if (m_attachmentHandler != nullptr) m_attachmentHandler->clear();
     reader.context().attachmentHandler = m_attachmentHandler;
     reader.context().registry = m_objectRegistry.get();
     m_reader->parse(
@@ -94,6 +97,10 @@ void KORVASOAPMessageIDeserializer::setMaximumAttributes(std::size_t attributes)
 
 void KORVASOAPMessageIDeserializer::setMaximumDeclarations(std::size_t declarations) {
     m_reader->limits().declarations = declarations;
+}
+
+void KORVASOAPMessageIDeserializer::setMaximumEntityNesting(std::size_t entities) {
+    m_reader->limits().entityNesting = entities;
 }
 
 void KORVASOAPMessageIDeserializer::setMaximumExpandedText(std::size_t units) {

@@ -24,6 +24,7 @@ KORVASchemaTypeIContentHandler::KORVASchemaTypeIContentHandler(
     KORVANamespaceMapping* namespaceMapping, KORVAObjectRegistryI* registry,
     I18NConverter& converter, ObjectType expectedType)
     : KORVASchemaTypeIContentHandler(nullptr, namespaceMapping, registry, converter) {
+    checkAttributes(attributes);
     m_events->startText();
     m_reader->startRoot(m_events->element(nullptr, localName, localName, attributes), expectedType);
 }
@@ -58,6 +59,7 @@ void KORVASchemaTypeIContentHandler::endDocument() {
 void KORVASchemaTypeIContentHandler::startElement(const XMLCh* uri, const XMLCh* localName,
                                                   const XMLCh* qName,
                                                   const xercesc::Attributes& attributes) {
+    checkAttributes(attributes);
     m_events->startText();
     m_reader->startElement(m_events->element(uri, localName, qName, attributes));
 }

@@ -76,7 +76,7 @@ void* ParserMemory::cut(std::size_t sizeClass) {
 void ParserMemory::tellOf(std::size_t size) {
     // The parser keeps the address of its memory in front of each object.
     constexpr std::size_t front = alignof(std::max_align_t);
-    if (m_told && size - m_watchedSize <= front) m_told(++m_watchedCount);
+    if (m_told && size - m_watchedSize <= front) m_told(++m_watchedCount, ++m_watchedLive);
 }
 
 void* ParserMemory::allocate(XMLSize_t size) {
@@ -96,6 +96,8 @@ void* ParserMemory::allocate(XMLSize_t size) {
 void ParserMemory::deallocate(void* block) {
     if (block == nullptr) return;
     Header* const header = static_cast<Header*>(block) - 1;
+    // Others of its size may be among them: there are none that come in numbers.
+    if (header->sizeClass == m_watchedClass && m_watchedLive != 0) --m_watchedLive;
     if (header->sizeClass == noClass) {
         removeSlab(reinterpret_cast<Slab*>(header) - 1);
         return;

@@ -25,15 +25,18 @@ public:
     ParserMemory& operator=(const ParserMemory&) = delete;
     ~ParserMemory() override { release(); }
 
-    /// Called before an allocation, with how many of its size that makes. May throw instead.
-    using Told = std::function<void(std::size_t count)>;
+    /// Called before an allocation, with how many of its size that makes, in all and at one time.
+    /// May throw instead.
+    using Told = std::function<void(std::size_t count, std::size_t live)>;
 
     /// Watches the allocations of objects of one size while it lives.
     class Watch {
     public:
         Watch(ParserMemory& memory, std::size_t size, Told told) : m_memory(memory) {
             m_memory.m_watchedSize = size;
+            m_memory.m_watchedClass = classOf(size);
             m_memory.m_watchedCount = 0;
+            m_memory.m_watchedLive = 0;
             m_memory.m_told = std::move(told);
         }
         Watch(const Watch&) = delete;
@@ -83,7 +86,9 @@ private:
     std::size_t m_freeSize = 0;
     std::array<Header*, classCount> m_freeBlocks{};
     std::size_t m_watchedSize = 0;
+    std::size_t m_watchedClass = noClass;
     std::size_t m_watchedCount = 0;
+    std::size_t m_watchedLive = 0;
     Told m_told;
 };
 

@@ -90,6 +90,10 @@ void ReadGuard::refuseEntityExpansion() const {
     refuse("entity expansions", m_limits.entityExpansions, "setMaximumEntityExpansions");
 }
 
+void ReadGuard::refuseEntityNesting() const {
+    refuse("nesting of entities", m_limits.entityNesting, "setMaximumEntityNesting");
+}
+
 void ReadGuard::refuseAttributes() const {
     refuse("attributes of a start tag", m_limits.attributes, "setMaximumAttributes");
 }

@@ -61,6 +61,8 @@ public:
     /// @throws KORVAException 0xEA4F0001: always
     [[noreturn]] void refuseEntityExpansion() const;
     /// @throws KORVAException 0xEA4F0001: always
+    [[noreturn]] void refuseEntityNesting() const;
+    /// @throws KORVAException 0xEA4F0001: always
     [[noreturn]] void refuseAttributes() const;
     /// @throws KORVAException 0xEA4F0001: always
     [[noreturn]] void refuseExpandedText() const;

@@ -244,9 +244,11 @@ void XercesSource::run(Input& input, Handler& handler, EntityBudget& budget) {
     using xercesc::XMLUni;
     // The parser makes one of its readers for the document and one for each expansion of an entity
     // of either kind, and tells nobody of those in attributes and in the document type.
-    const ParserMemory::Watch watch(m_memory, sizeof(xercesc::XMLReader), [&](std::size_t count) {
-        if (count > 1) handler.forward([&] { budget.expand(); });
-    });
+    const ParserMemory::Watch watch(m_memory, sizeof(xercesc::XMLReader),
+                                    [&](std::size_t count, std::size_t live) {
+                                        if (count > 1)
+                                            handler.forward([&] { budget.expand(live - 1); });
+                                    });
 
     ParserOwner owner(m_memory);
     owner.run([&](xercesc::SAX2XMLReaderImpl& parser) {

@@ -11,6 +11,7 @@
 #include <zel/ZELFrame.h>
 #include <zel/ZELMessageParm.h>
 #include <zel/ZELOutOfMemoryError.h>
+#include <zel/ZELPrintable.h>
 #include <zel/ZELStdExceptionError.h>
 #include <zel/ZELThrow.h>
 
@@ -44,7 +45,7 @@ template <class Exception>
     KORVAException exception(0);
     ZEL_TRY {
         KORVAZELMessage message(eKORVA_ParseError);
-        message << ZELMessageParm(I18NString(reported));
+        message << ZELMessageParm(I18NString(zel::printable(reported)));
         exception << message;
     }
     ZEL_CATCH(function);

@@ -111,9 +111,27 @@ TEST(ReferenceReading, AnEnumerationCannotBeFilled) {
     ReferringDocument document("bus:severityEnumProp", "<value href=\"cid:7\"/>");
     EXPECT_EQ(document.attachments.getReferenceCount(), 1u);
     ScriptedReader reader{{"7", "error"}};
-    EXPECT_THROW(document.resolve(reader), ZELAssertError);
+    EXPECT_NUMBERED(document.resolve(reader), 0xEA47C21F, "KORVASchemaTypesFactory::typeError()",
+                    "severityEnum", "", "xs:string", "xs:string");
     EXPECT_EQ(reader.out, 0);
     EXPECT_EQ(document.attachments.getReferenceCount(), 1u);
+}
+
+TEST(ReferenceReading, WhatAnEarlierMessageLeftIsForgotten) {
+    KORVA_AttachmentHandler attachments;
+    KORVASOAPMessageIDeserializer deserializer;
+    deserializer.setAttachmentHandler(&attachments);
+    const std::string referring =
+        korva::test::operation("run", "<objectPath href=\"cid:7\"/>", "<bus:halyardHeader/>");
+    // The message fails behind the reference, and its objects go.
+    EXPECT_THROW(korva::test::readRequest(deserializer, referring.substr(0, referring.size() - 3)),
+                 KORVAException);
+    EXPECT_EQ(attachments.getReferenceCount(), 1U);
+    const auto binding = korva::test::readRequest(deserializer, korva::test::operation("run", ""));
+    EXPECT_EQ(attachments.getReferenceCount(), 0U);
+    ScriptedReader reader{{"7", "content"}};
+    EXPECT_TRUE(attachments.resolveReferences(
+        reader, *binding->getInputMessage().getObjectRegistry(), nullptr));
 }
 
 TEST(ReferenceReading, AnItemOfATextArrayIsFilledWhereItStands) {

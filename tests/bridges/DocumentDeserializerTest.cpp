@@ -12,6 +12,7 @@
 #include <korva/KORVAProvider.h>
 #include <korva/KORVASearchPathSingleObject.h>
 #include <korva/KORVASeverityEnum.h>
+#include <korva/KORVA_AttachmentHandler.h>
 
 #include <gtest/gtest.h>
 
@@ -213,6 +214,40 @@ TEST_F(DocumentDeserializer, FailuresOfTheReaderPassThroughAndLeaveNothingBehind
 TEST_F(DocumentDeserializer, AnUnknownTypeOfTheBusIsAFailure) {
     EXPECT_NUMBERED(deserializer.deserialize(root("<p" + all + " xsi:type=\"bus:nobody\"/>")),
                     0xEA48385CU, nullptr, "bus:nobody", "p");
+}
+
+TEST_F(DocumentDeserializer, ReferencesToAttachmentsAreToldToTheHandler) {
+    const std::string text = "<p" + all + " xsi:type=\"bus:provider\"><name href=\"cid:7\"/></p>";
+    EXPECT_THROW(deserializer.deserialize(root(text)), ZELAssertError);
+    KORVA_AttachmentHandler attachments;
+    deserializer.setAttachmentHandler(&attachments);
+    read<KORVAProvider>(root(text));
+    EXPECT_EQ(attachments.getReferenceCount(), 1U);
+    // Each call begins with none.
+    read<KORVAProvider>(root(text));
+    EXPECT_EQ(attachments.getReferenceCount(), 1U);
+}
+
+TEST_F(DocumentDeserializer, ManyAttributesAndDeclarationsEndAtALimit) {
+    std::string attributes;
+    std::string nested;
+    std::string ends;
+    for (int i = 0; i != 300; ++i) {
+        attributes += " a" + std::to_string(i) + "=\"\"";
+        nested += "<a xmlns:p" + std::to_string(i) + "=\"urn:p\">";
+        ends += "</a>";
+    }
+    const std::string start = "<p" + all + " xsi:type=\"bus:provider\">";
+    EXPECT_NUMBERED(deserializer.deserialize(root(start + "<name" + attributes + "/></p>")),
+                    0xEA4F0001, "KORVAContentHandler", "attributes of a start tag", "256",
+                    "setMaximumAttributes");
+    deserializer.setMaximumAttributes(300);
+    EXPECT_NE(deserializer.deserialize(root(start + "<name" + attributes + "/></p>")), nullptr);
+    EXPECT_NE(deserializer.deserialize(root(start + nested + ends + "</p>")), nullptr);
+    deserializer.setMaximumDeclarations(100);
+    EXPECT_NUMBERED(deserializer.deserialize(root(start + nested + ends + "</p>")), 0xEA4F0001,
+                    "KORVAContentHandler", "namespace declarations in scope", "100",
+                    "setMaximumDeclarations");
 }
 
 TEST_F(DocumentDeserializer, ReplayOfWhatIsNoElementIsAnAssertion) {

@@ -7,6 +7,8 @@
 
 #include <xercesc/util/XercesDefs.hpp>
 
+#include <cstddef>
+
 class ZELIDOM_Node;
 
 XERCES_CPP_NAMESPACE_BEGIN
@@ -24,6 +26,16 @@ public:
                                   KORVAObjectRegistryI* registry = nullptr,
                                   unsigned flags = 0) override;
 
+    void setAttachmentHandler(KORVA_AttachmentHandler* handler) override;
+
+    /// How many attributes an element may have, declarations of namespaces included: 256 at first.
+    /// More end in KORVAException 0xEA4F0001.
+    void setMaximumAttributes(std::size_t attributes) { m_maximumAttributes = attributes; }
+
+    /// How many declarations of namespaces may be in scope at one place: 1,000 at first. More end
+    /// in KORVAException 0xEA4F0001.
+    void setMaximumDeclarations(std::size_t declarations) { m_maximumDeclarations = declarations; }
+
     /// Tells a handler of an element with all that it holds, as a parser would: mappings of
     /// prefixes, elements, and texts. An element without a local name is told of by its node name.
     /// @throws ZELAssertError `nodeIn` is null or no element
@@ -31,5 +43,10 @@ public:
     static void replay(const ZELIDOM_Node& nodeIn, xercesc::ContentHandler& contentHandler);
 
 private:
+    KORVASchemaTypeI* read(const ZELIDOM_Element& domIn, KORVAObjectRegistryI* registry) const;
+
     ZELSmartPointer<KORVAObjectRegistryI> m_registry;  ///< of the last object, unless the caller's
+    KORVA_AttachmentHandler* m_attachmentHandler = nullptr;
+    std::size_t m_maximumAttributes = 256;
+    std::size_t m_maximumDeclarations = 1000;
 };

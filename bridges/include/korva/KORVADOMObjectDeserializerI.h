@@ -6,6 +6,7 @@
 
 class KORVAObjectRegistryI;
 class KORVASchemaTypeI;
+class KORVA_AttachmentHandler;
 
 /// Reads elements as the reader of documents does that meets them in a stream. Serves one call at a
 /// time, and may be used again after a failure.
@@ -27,6 +28,10 @@ public:
     virtual KORVASchemaTypeI* deserialize(const ZELIDOM_Element& domIn,
                                           KORVAObjectRegistryI* registry = nullptr,
                                           unsigned flags = 0) = 0;
+
+    /// Who is told of references to attachments in further calls; null, as at first, refuses them.
+    /// Not owned. Each call clears it first.
+    virtual void setAttachmentHandler(KORVA_AttachmentHandler* handler) = 0;
 
     KORVADOMObjectDeserializerI(const KORVADOMObjectDeserializerI&) = delete;
     KORVADOMObjectDeserializerI& operator=(const KORVADOMObjectDeserializerI&) = delete;

@@ -17,6 +17,14 @@ public:
     KORVAContentHandler(const KORVAContentHandler&) = delete;
     KORVAContentHandler& operator=(const KORVAContentHandler&) = delete;
 
+    /// How many attributes an element may have, declarations of namespaces included: 256 at first.
+    /// More end in KORVAException 0xEA4F0001.
+    void setMaximumAttributes(std::size_t attributes) { m_maximumAttributes = attributes; }
+
+    /// How many declarations of namespaces may be in scope at one place: 1,000 at first. More end
+    /// in KORVAException 0xEA4F0001.
+    void setMaximumDeclarations(std::size_t declarations) { m_maximumDeclarations = declarations; }
+
 protected:
     /// `converter` must outlive the handler; handlers of one parse share it.
     explicit KORVAContentHandler(I18NConverter& converter);
@@ -30,9 +38,13 @@ protected:
     /// @throws ZELOutOfMemoryError no memory is left
     static char* convert(const XMLCh* text);
 
+    /// @throws KORVAException 0xEA4F0001: there are more than the limit allows
+    void checkAttributes(const xercesc::Attributes& attributes) const;
+
     /// Opens a declaration in `mapping`; a null `uri` stays null.
+    /// @throws KORVAException 0xEA4F0001: there are more than the limit allows
     /// @throws ZELOutOfMemoryError no memory is left; nothing is opened
-    static void addPrefix(KORVANamespaceMapping& mapping, const XMLCh* prefix, const XMLCh* uri);
+    void addPrefix(KORVANamespaceMapping& mapping, const XMLCh* prefix, const XMLCh* uri) const;
 
     /// Closes the newest declaration of the prefix in `mapping`.
     /// @throws ZELOutOfMemoryError no memory is left
@@ -40,4 +52,6 @@ protected:
 
 private:
     I18NConverter* m_converter;
+    std::size_t m_maximumAttributes;
+    std::size_t m_maximumDeclarations;
 };

@@ -52,6 +52,10 @@ public:
     /// end in KORVAException 0xEA4F0001.
     void setMaximumEntityExpansions(std::size_t expansions);
 
+    /// How many entities may be expanded inside each other: 64 at first. More end in KORVAException
+    /// 0xEA4F0001.
+    void setMaximumEntityNesting(std::size_t entities);
+
     /// How much text the entities and the default attributes of a document type may make, in UTF-16
     /// units: 2^20 at first, and always ten times the document. More ends in KORVAException
     /// 0xEA4F0001.

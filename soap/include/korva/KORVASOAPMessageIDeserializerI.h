@@ -52,7 +52,7 @@ public:
     virtual KORVAHalyardHeader* getHeader() const = 0;
 
     /// Who is told of references to attachments in further parses; null, as at first, refuses them.
-    /// Not owned.
+    /// Not owned. Each parse clears it first.
     virtual void setAttachmentHandler(KORVA_AttachmentHandler* handler) = 0;
 
     KORVASOAPMessageIDeserializerI(const KORVASOAPMessageIDeserializerI&) = delete;

@@ -28,6 +28,9 @@ public:
     /// How deep elements may be nested in what is parsed, unless the caller says otherwise.
     static constexpr std::size_t defaultMaximumDepth = 10000;
 
+    /// How many attributes a start tag may have in what is parsed, declarations included.
+    static constexpr std::size_t maximumAttributes = 1000;
+
     /// The null handle.
     ZELIDOM_Document() noexcept;
     ZELIDOM_Document(const ZELIDOM_Document& other) noexcept;
@@ -45,8 +48,9 @@ public:
 
     /// Parses what `stream` gives. Nothing else is opened. White space between elements is kept.
     /// @param maximumDepth how deep elements may be nested, the root included
-    /// @throws ZELIDOM_Error the document is not well-formed, is nested deeper, or has a document
-    ///     type, which is refused
+    /// @throws ZELIDOM_Error the document is not well-formed, is nested deeper, has a start tag
+    /// with
+    ///     more attributes, or has a document type, which is refused
     /// @throws ZELOutOfMemoryError no memory is left
     /// What the stream throws passes through.
     static ZELIDOM_Document parse(BRIMInputStream& stream,
