@@ -38,14 +38,8 @@ std::string objectType(const model::TypeReference& reference);
 /// `items` separated by blanks, as lines that fit into 100 columns at this indentation.
 std::string filled(const std::vector<std::string>& items, std::size_t indent);
 
-/// The rows of an index over identities in ascending order: for each value of their top `bits`, the
-/// first position, and behind them the end.
-std::string topBitsIndex(const std::vector<std::int32_t>& identities, unsigned bits);
-
-/// A hash table of the fields: a power of two of entries, more than half of them free. A field
-/// stands at the lowest bits of the CRC of its name, or at the next entry that is free, the first
-/// one being next to the last. An entry is the field's position plus one; 0 is free.
-std::vector<std::size_t> hashTable(const std::vector<model::Field>& fields);
+/// The numbers of a table, each with a comma behind it, as `filled` lays them out.
+std::string numbers(const std::vector<std::size_t>& values, std::size_t indent);
 
 /// `#include "path"` lines, in the order given.
 std::string internalIncludes(const std::vector<std::string_view>& paths);
