@@ -10,6 +10,8 @@ include("${CMAKE_CURRENT_LIST_DIR}/KorvaGeneratedUnits.cmake")
 
 set(KORVA_GENERATED_DIR "${PROJECT_BINARY_DIR}/generated")
 set(KORVA_SCHEMA_DIR "${PROJECT_BINARY_DIR}/schema")
+# The headers that are written by hand; korva_list_hand_written() writes it.
+set(KORVA_HAND_WRITTEN_FILE "${PROJECT_BINARY_DIR}/hand-written.txt")
 
 # korva_generate()
 #
@@ -44,8 +46,9 @@ function(korva_generate)
         COMMAND
             ${CMAKE_COMMAND} "-DCOMPILER=${compiler}" "-DAUTHORITY=${KORVA_BUS_AUTHORITY}"
             "-DSOURCES=${PROJECT_SOURCE_DIR}/schema" "-DCOPIES=${KORVA_SCHEMA_DIR}"
-            "-DOUT=${KORVA_GENERATED_DIR}" "-DSTAMP=${stamp}" -P "${script}"
-        DEPENDS ${sources} "${compiler}" "${script}"
+            "-DHAND_WRITTEN=${KORVA_HAND_WRITTEN_FILE}" "-DOUT=${KORVA_GENERATED_DIR}"
+            "-DSTAMP=${stamp}" -P "${script}"
+        DEPENDS ${sources} "${compiler}" "${script}" "${KORVA_HAND_WRITTEN_FILE}"
                 "${PROJECT_SOURCE_DIR}/cmake/KorvaSchemaFiles.cmake"
                 "${PROJECT_SOURCE_DIR}/cmake/KorvaGeneratedUnits.cmake"
         COMMENT "Compiling the schema"
@@ -73,9 +76,29 @@ function(korva_add_vocabulary compiler)
     endforeach()
     add_custom_target(
         vocabulary
-        COMMAND "${compiler}" ${arguments} --docs "${PROJECT_SOURCE_DIR}/docs/vocabulary.md"
+        COMMAND "${compiler}" ${arguments} --hand-written "${KORVA_HAND_WRITTEN_FILE}" --docs "${PROJECT_SOURCE_DIR}/docs/vocabulary.md"
         COMMENT "Writing docs/vocabulary.md"
         VERBATIM)
+endfunction()
+
+# korva_list_hand_written()
+#
+# Tells the schema compiler which names are taken: those of the public headers of all libraries added
+# so far.
+function(korva_list_hand_written)
+    get_property(libraries GLOBAL PROPERTY KORVA_LIBRARIES)
+    set(headers "")
+    foreach(library IN LISTS libraries)
+        get_target_property(sets ${library} INTERFACE_HEADER_SETS)
+        foreach(set IN LISTS sets)
+            get_target_property(files ${library} HEADER_SET_${set})
+            list(APPEND headers ${files})
+        endforeach()
+    endforeach()
+    list(TRANSFORM headers REPLACE ".*/include/" "")
+    list(SORT headers)
+    list(JOIN headers "\n" text)
+    file(CONFIGURE OUTPUT "${KORVA_HAND_WRITTEN_FILE}" CONTENT "${text}\n" @ONLY)
 endfunction()
 
 # korva_use_generated(<target> <room>...)

@@ -47,7 +47,7 @@ set(arguments --schema "${COPIES}/bus.xsd")
 foreach(name IN LISTS KORVA_WSDL_FILES)
     list(APPEND arguments --wsdl "${COPIES}/${name}")
 endforeach()
-list(APPEND arguments --out "${OUT}")
+list(APPEND arguments --hand-written "${HAND_WRITTEN}" --out "${OUT}")
 
 execute_process(COMMAND "${COMPILER}" ${arguments} RESULT_VARIABLE result)
 if(NOT result EQUAL 0)
