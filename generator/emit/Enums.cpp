@@ -31,7 +31,7 @@ void printEnumerators(Printer& printer, const Type& type) {
         eKOVRAUninitialized = 0, ///< nothing is set
 )");
     for (const Word& word : type.words) {
-        const std::string identity = decimal(word.identity);
+        const std::string identity = enumeratorValue(word.identity);
         if (word.documentation.empty()) {
             printer.print(
                 "        $enumerator$ = $identity$, ///< $word$\n",

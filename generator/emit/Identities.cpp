@@ -16,7 +16,7 @@ void emitEnumerators(Files& files, const std::string& name, std::string_view sou
     for (const Item* item : items) {
         fragment.content().print("        e$class$ = $identity$, ///< $name$\n",
                                  {{"class", item->className},
-                                  {"identity", decimal(item->identity)},
+                                  {"identity", enumeratorValue(item->identity)},
                                   {"name", item->name}});
     }
 }

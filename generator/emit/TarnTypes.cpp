@@ -48,8 +48,8 @@ private:
         m_types.print(
             "{$identity$, $element$, $name$, $first$, $hash$, $mask$, $count$, $inherited$, "
             "$slots$, $arrays$, $base$, TypeKind::$kind$, $abstract$}, // $text$\n",
-            {{"identity", decimal(type.identity)},
-             {"element", decimal(type.elementObjectType)},
+            {{"identity", std::to_string(type.identity)},
+             {"element", std::to_string(type.elementObjectType)},
              {"name", std::to_string(m_namesSize)},
              {"first", std::to_string(m_fieldCount)},
              {"hash", std::to_string(type.fields.empty() ? 0 : m_hashes.size())},
@@ -74,7 +74,7 @@ private:
         for (const Field& field : type.fields) {
             m_fields.print("{$crc$, $type$, $place$, FieldKind::$kind$}, // $text$\n",
                            {{"crc", hex(field.identity)},
-                            {"type", decimal(field.objectType)},
+                            {"type", std::to_string(field.objectType)},
                             {"place", std::to_string(field.place)},
                             {"kind", rowOf(field.kind).tarnName},
                             {"text", type.name + '.' + field.name}});

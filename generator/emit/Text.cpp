@@ -93,8 +93,8 @@ std::string hex(std::int32_t identity) {
     return model::hexOf(identity) + "U";
 }
 
-std::string decimal(std::int64_t number) {
-    return std::to_string(number);
+std::string enumeratorValue(std::int32_t identity) {
+    return "int(" + hex(identity) + ")";
 }
 
 std::string objectType(const model::TypeReference& reference) {

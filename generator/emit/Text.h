@@ -29,8 +29,8 @@ std::string literal(std::string_view text);
 /// "0x5A3811FBU".
 std::string hex(std::int32_t identity);
 
-/// "-5" and the like; std::to_string under a shorter name.
-std::string decimal(std::int64_t number);
+/// "int(0x5A3811FBU)", for an enumerator: an int cannot hold the upper half of the numbers as such.
+std::string enumeratorValue(std::int32_t identity);
 
 /// "KORVASchemaTypeI::eKORVASchedule" or "KORVASchemaTypeI::eString".
 std::string objectType(const model::TypeReference& reference);
