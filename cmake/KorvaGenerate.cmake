@@ -5,7 +5,6 @@
 # list of them is kept in generated/outputs.txt and read back at the next configure, so that a changed
 # header rebuilds what includes it and nothing else.
 
-include("${CMAKE_CURRENT_LIST_DIR}/KorvaSchemaFiles.cmake")
 include("${CMAKE_CURRENT_LIST_DIR}/KorvaGeneratedUnits.cmake")
 
 set(KORVA_GENERATED_DIR "${PROJECT_BINARY_DIR}/generated")
