@@ -20,7 +20,7 @@ function(korva_generate)
     if(KORVA_SCHEMA_COMPILER)
         set(compiler "${KORVA_SCHEMA_COMPILER}")
     else()
-        set(compiler "$<TARGET_FILE:korva-schemac>")
+        set(compiler "$<TARGET_FILE:korva_schemac>")
     endif()
 
     set(outputs_file "${KORVA_GENERATED_DIR}/outputs.txt")
@@ -74,7 +74,7 @@ function(korva_add_vocabulary compiler)
         list(APPEND arguments --wsdl "${schema}/${name}")
     endforeach()
     add_custom_target(
-        vocabulary
+        korva_vocabulary
         COMMAND "${compiler}" ${arguments} --hand-written "${KORVA_HAND_WRITTEN_FILE}" --docs "${PROJECT_SOURCE_DIR}/docs/vocabulary.md"
         COMMENT "Writing docs/vocabulary.md"
         VERBATIM)

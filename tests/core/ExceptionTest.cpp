@@ -5,6 +5,7 @@
 #include <korva/KORVASchemaTypesFactory.h>
 #include <korva/KORVASeverityEnum.h>
 #include <korva/KORVAZELMessage.h>
+#include <zel/ZELAssertError.h>
 #include <zel/ZELMessageParm.h>
 #include <zel/ZELOutOfMemoryError.h>
 #include <zel/ZELThrow.h>
@@ -55,6 +56,17 @@ TEST(Exception, IsMadeFromACodeOrATextWithOrWithoutASeverity) {
 TEST(Exception, IsNoStandardException) {
     EXPECT_FALSE((std::is_base_of_v<std::exception, KORVAException>));
     EXPECT_TRUE((std::is_base_of_v<ZELThrowable, KORVAException>));
+}
+
+TEST(Exception, TraceNamesFilesByTheirPathInTheTree) {
+    try {
+        KORVASeverityEnum().getChildObject(nullptr, false);
+        FAIL();
+    } catch (const ZELAssertError& error) {
+        ASSERT_FALSE(error.getBackTrace().empty());
+        EXPECT_TRUE(std::string(error.getBackTrace()[0]).starts_with("core/KORVA_EnumObject.cpp("))
+            << error.getBackTrace()[0];
+    }
 }
 
 TEST(Exception, AssignedToItselfIsUnchanged) {
