@@ -12,13 +12,13 @@ namespace korva::schemac {
 namespace {
 
 std::string schemaFile(const std::string& name) {
-    return KORVA_SCHEMA_SOURCE_DIR "/" + name;
+    return KORVA_TEST_SOURCE_DIR "/schema/" + name;
 }
 
 const Model& vocabulary() {
     static const Model& model = [&]() -> const Model& {
         std::vector<std::string> wsdls = {schemaFile("messages.wsdl")};
-        for (const auto& entry : std::filesystem::directory_iterator(KORVA_SCHEMA_SOURCE_DIR)) {
+        for (const auto& entry : std::filesystem::directory_iterator(schemaFile(""))) {
             if (entry.path().extension() == ".wsdl") wsdls.push_back(entry.path().string());
         }
         std::sort(wsdls.begin(), wsdls.end());

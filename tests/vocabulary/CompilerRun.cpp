@@ -23,7 +23,7 @@ TemporaryDirectory::~TemporaryDirectory() {
 }
 
 std::string sourceSchema() {
-    return KORVA_TEST_SCHEMA_SOURCE_DIR;
+    return KORVA_TEST_SOURCE_DIR "/schema";
 }
 
 std::string contentOf(const std::string& path) {

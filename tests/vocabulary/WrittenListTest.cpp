@@ -1,8 +1,8 @@
 // The vocabulary against lists that were written apart from the schema: a slip there is told here.
 
 #include "tests/support/SchemaScan.h"
+#include "tests/support/Tables.h"
 #include "tests/support/TextBuffer.h"
-#include "tests/vocabulary/Tables.h"
 #include "tests/vocabulary/Types.h"
 
 #include <gtest/gtest.h>
