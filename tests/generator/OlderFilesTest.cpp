@@ -37,7 +37,8 @@ std::string compiled(const fs::path& directory) {
     std::ostringstream output;
     std::ostringstream errors;
     const int status = run({"--schema", (directory / "sample.xsd").string(), "--wsdl",
-                            (directory / "service.wsdl").string(), "--out", out.string(), "--docs",
+                            (directory / "service.wsdl").string(), "--hand-written",
+                            KORVA_TEST_HAND_WRITTEN, "--out", out.string(), "--docs",
                             (directory / "out.md").string()},
                            output, errors);
     EXPECT_EQ(status, 0) << errors.str();

@@ -27,11 +27,11 @@ const Model& vocabulary() {
     return model;
 }
 
-TEST(Vocabulary, HasNoErrors) {
+TEST(OwnSchema, HasNoErrors) {
     EXPECT_EQ(vocabulary().diagnostics.text(), "");
 }
 
-TEST(Vocabulary, GivesEachTypeTheCrc32OfItsName) {
+TEST(OwnSchema, GivesEachTypeTheCrc32OfItsName) {
     ASSERT_GT(vocabulary().schema.byName.size(), 900U);
     for (const model::Type* type : vocabulary().schema.byName) {
         EXPECT_EQ(type->identity, passes::identityOf(type->name)) << type->name;
@@ -40,13 +40,13 @@ TEST(Vocabulary, GivesEachTypeTheCrc32OfItsName) {
     EXPECT_EQ(vocabulary().message("asynchRun_Request").identity, 0x205E290F);
 }
 
-TEST(Vocabulary, CountsTheFieldsOfAllBases) {
+TEST(OwnSchema, CountsTheFieldsOfAllBases) {
     EXPECT_EQ(vocabulary().type("schedule").fields.size(), 34U);
     EXPECT_EQ(vocabulary().type("schedule").baseType()->name, "uiClass");
     EXPECT_EQ(vocabulary().type("uiClass").fields.size(), 9U);
 }
 
-TEST(Vocabulary, SpreadsItsClassesEvenly) {
+TEST(OwnSchema, SpreadsItsClassesEvenly) {
     std::map<std::string, std::size_t> sizes;
     std::size_t most = 0;
     std::size_t least = SIZE_MAX;
