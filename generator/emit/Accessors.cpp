@@ -39,8 +39,9 @@ std::string getterComment(const Field& field) {
 }  // namespace
 
 std::string_view cppType(const Field& field) {
+    const Type* const named = field.reference.type;
     const std::string_view type = rowOf(field.kind).type;
-    return type.empty() ? std::string_view(field.reference.type->className) : type;
+    return type.empty() && named != nullptr ? std::string_view(named->className) : type;
 }
 
 void printMembers(Printer& printer, const std::vector<Field>& fields) {
