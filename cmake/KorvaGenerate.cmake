@@ -5,11 +5,12 @@
 # list of them is kept in generated/outputs.txt and read back at the next configure, so that a changed
 # header rebuilds what includes it and nothing else.
 
-include("${CMAKE_CURRENT_LIST_DIR}/KorvaSchemaFiles.cmake")
 include("${CMAKE_CURRENT_LIST_DIR}/KorvaGeneratedUnits.cmake")
 
 set(KORVA_GENERATED_DIR "${PROJECT_BINARY_DIR}/generated")
 set(KORVA_SCHEMA_DIR "${PROJECT_BINARY_DIR}/schema")
+# The headers that are written by hand; korva_list_hand_written() writes it.
+set(KORVA_HAND_WRITTEN_FILE "${PROJECT_BINARY_DIR}/hand-written.txt")
 
 # korva_generate()
 #
@@ -19,7 +20,7 @@ function(korva_generate)
     if(KORVA_SCHEMA_COMPILER)
         set(compiler "${KORVA_SCHEMA_COMPILER}")
     else()
-        set(compiler "$<TARGET_FILE:korva-schemac>")
+        set(compiler "$<TARGET_FILE:korva_schemac>")
     endif()
 
     set(outputs_file "${KORVA_GENERATED_DIR}/outputs.txt")
@@ -44,8 +45,9 @@ function(korva_generate)
         COMMAND
             ${CMAKE_COMMAND} "-DCOMPILER=${compiler}" "-DAUTHORITY=${KORVA_BUS_AUTHORITY}"
             "-DSOURCES=${PROJECT_SOURCE_DIR}/schema" "-DCOPIES=${KORVA_SCHEMA_DIR}"
-            "-DOUT=${KORVA_GENERATED_DIR}" "-DSTAMP=${stamp}" -P "${script}"
-        DEPENDS ${sources} "${compiler}" "${script}"
+            "-DHAND_WRITTEN=${KORVA_HAND_WRITTEN_FILE}" "-DOUT=${KORVA_GENERATED_DIR}"
+            "-DSTAMP=${stamp}" -P "${script}"
+        DEPENDS ${sources} "${compiler}" "${script}" "${KORVA_HAND_WRITTEN_FILE}"
                 "${PROJECT_SOURCE_DIR}/cmake/KorvaSchemaFiles.cmake"
                 "${PROJECT_SOURCE_DIR}/cmake/KorvaGeneratedUnits.cmake"
         COMMENT "Compiling the schema"
@@ -72,10 +74,30 @@ function(korva_add_vocabulary compiler)
         list(APPEND arguments --wsdl "${schema}/${name}")
     endforeach()
     add_custom_target(
-        vocabulary
-        COMMAND "${compiler}" ${arguments} --docs "${PROJECT_SOURCE_DIR}/docs/vocabulary.md"
+        korva_vocabulary
+        COMMAND "${compiler}" ${arguments} --hand-written "${KORVA_HAND_WRITTEN_FILE}" --docs "${PROJECT_SOURCE_DIR}/docs/vocabulary.md"
         COMMENT "Writing docs/vocabulary.md"
         VERBATIM)
+endfunction()
+
+# korva_list_hand_written()
+#
+# Tells the schema compiler which names are taken: those of the public headers of all libraries added
+# so far.
+function(korva_list_hand_written)
+    get_property(libraries GLOBAL PROPERTY KORVA_LIBRARIES)
+    set(headers "")
+    foreach(library IN LISTS libraries)
+        get_target_property(sets ${library} INTERFACE_HEADER_SETS)
+        foreach(set IN LISTS sets)
+            get_target_property(files ${library} HEADER_SET_${set})
+            list(APPEND headers ${files})
+        endforeach()
+    endforeach()
+    list(TRANSFORM headers REPLACE ".*/include/" "")
+    list(SORT headers)
+    list(JOIN headers "\n" text)
+    file(CONFIGURE OUTPUT "${KORVA_HAND_WRITTEN_FILE}" CONTENT "${text}\n" @ONLY)
 endfunction()
 
 # korva_use_generated(<target> <room>...)

@@ -5,8 +5,6 @@ cmake_minimum_required(VERSION 3.25)
 include("${CMAKE_CURRENT_LIST_DIR}/KorvaSchemaFiles.cmake")
 include("${CMAKE_CURRENT_LIST_DIR}/KorvaGeneratedUnits.cmake")
 
-set(default_authority "http://bus.korva.example")
-
 # Leaves a file alone that has the content already.
 function(write_if_different path content)
     if(EXISTS "${path}")
@@ -26,11 +24,11 @@ string(REPLACE "xmlns:bus=" "xmlns:SOAP-ENC=\"http://schemas.xmlsoap.org/soap/en
            xmlns:wsdl=\"http://schemas.xmlsoap.org/wsdl/\"
            xmlns:bus=" joined "${joined}")
 string(REPLACE "schemaLocation=\"" "schemaLocation=\"../" joined "${joined}")
-string(REPLACE "${default_authority}" "${AUTHORITY}" joined "${joined}")
+string(REPLACE "${KORVA_DEFAULT_AUTHORITY}" "${AUTHORITY}" joined "${joined}")
 
 foreach(name IN LISTS KORVA_SCHEMA_FILES KORVA_WSDL_FILES)
     file(READ "${SOURCES}/${name}" text)
-    string(REPLACE "${default_authority}" "${AUTHORITY}" text "${text}")
+    string(REPLACE "${KORVA_DEFAULT_AUTHORITY}" "${AUTHORITY}" text "${text}")
     if(name MATCHES "\\.wsdl$")
         string(REPLACE "schemaLocation=\"bus.xsd\"" "schemaLocation=\"joined/bus.xsd\"" text "${text}")
     elseif(NOT name MATCHES "^(bus|soap-encoding)\\.xsd$")
@@ -47,7 +45,7 @@ set(arguments --schema "${COPIES}/bus.xsd")
 foreach(name IN LISTS KORVA_WSDL_FILES)
     list(APPEND arguments --wsdl "${COPIES}/${name}")
 endforeach()
-list(APPEND arguments --out "${OUT}")
+list(APPEND arguments --hand-written "${HAND_WRITTEN}" --out "${OUT}")
 
 execute_process(COMMAND "${COMPILER}" ${arguments} RESULT_VARIABLE result)
 if(NOT result EQUAL 0)

@@ -1,5 +1,8 @@
 # The files of schema/.
 
+# The scheme and host that they are written with, and so the default of KORVA_BUS_AUTHORITY.
+set(KORVA_DEFAULT_AUTHORITY "http://bus.korva.example")
+
 # bus.xsd and what it joins; the header that every service refers to.
 set(KORVA_SCHEMA_FILES
     bus.xsd

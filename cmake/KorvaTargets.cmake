@@ -57,22 +57,35 @@ foreach(flag IN ITEMS -Bsymbolic-functions -z,now -z,relro --no-undefined)
     endif()
 endforeach()
 
-# korva_configure_library(<target> [OUTPUT_NAME <name>])
+# What the compiler writes of a path into a library, in traces or for a debugger: the path in the tree,
+# and not where the tree or the build lay. A compiler cache may hand the compiler paths that start at the
+# build. The last one that fits is taken.
+file(RELATIVE_PATH from_build "${CMAKE_BINARY_DIR}" "${PROJECT_SOURCE_DIR}/")
+set(KORVA_PREFIX_MAP
+    "-ffile-prefix-map=${from_build}=" "-ffile-prefix-map=${PROJECT_SOURCE_DIR}/="
+    "-ffile-prefix-map=${PROJECT_BINARY_DIR}=." "-ffile-prefix-map=${PROJECT_BINARY_DIR}/=")
+
+# korva_configure_library(<target> NAME <name> [OUTPUT_NAME <name>])
 #
-# Gives a shared library of ours its alias KorvaObjModel::<target>, its version, the strict warnings,
-# the hardening, the link flags and the private include path of the repository's root.
+# Gives a shared library of ours the name KorvaObjModel::<name>, here and in the installed package, its
+# version, the strict warnings, the hardening, the link flags and the private include path of the
+# repository's root.
 function(korva_configure_library target)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "" "OUTPUT_NAME" "")
-    if(NOT TARGET KorvaObjModel::${target})
-        add_library(KorvaObjModel::${target} ALIAS ${target})
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "NAME;OUTPUT_NAME" "")
+    if(NOT TARGET KorvaObjModel::${arg_NAME})
+        add_library(KorvaObjModel::${arg_NAME} ALIAS ${target})
     endif()
     if(arg_OUTPUT_NAME)
         set_target_properties(${target} PROPERTIES OUTPUT_NAME ${arg_OUTPUT_NAME})
     endif()
     set_target_properties(
-        ${target} PROPERTIES VERSION ${PROJECT_VERSION}
-                             SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
+        ${target}
+        PROPERTIES EXPORT_NAME ${arg_NAME}
+                   DEFINE_SYMBOL ${arg_NAME}_EXPORTS
+                   VERSION ${PROJECT_VERSION}
+                   SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
     target_compile_features(${target} PUBLIC cxx_std_20)
+    target_compile_options(${target} PRIVATE ${KORVA_PREFIX_MAP})
     target_include_directories(${target} PRIVATE "${PROJECT_SOURCE_DIR}")
     target_link_libraries(${target} PRIVATE korva_library_warnings korva_hardening)
     target_link_options(${target} PRIVATE ${KORVA_LIBRARY_LINK_FLAGS})
@@ -81,18 +94,18 @@ endfunction()
 
 # korva_add_platform_library(<name> OUTPUT_NAME <file name>)
 #
-# Adds the platform library of platform/<name>, whose target is <name>. When KORVA_<NAME>_TARGET names
-# a target that exists already (a deployment's real library), that one is linked and ours is not built.
+# Adds the platform library of platform/<name>, whose target is korva_<name>. When KORVA_<NAME>_TARGET
+# names a target that exists already (a deployment's real library), that one is linked and ours is not
+# built.
 function(korva_add_platform_library name)
     string(TOUPPER ${name} upper)
     set(KORVA_${upper}_TARGET "" CACHE STRING
         "Existing target to link in place of our platform library ${name}")
     mark_as_advanced(KORVA_${upper}_TARGET)
     if(KORVA_${upper}_TARGET)
-        add_library(${name} ALIAS ${KORVA_${upper}_TARGET})
         add_library(KorvaObjModel::${name} ALIAS ${KORVA_${upper}_TARGET})
         return()
     endif()
     add_subdirectory("${PROJECT_SOURCE_DIR}/platform/${name}" "${PROJECT_BINARY_DIR}/platform/${name}")
-    korva_configure_library(${name} ${ARGN})
+    korva_configure_library(korva_${name} NAME ${name} ${ARGN})
 endfunction()

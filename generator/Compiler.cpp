@@ -9,9 +9,28 @@
 #include "generator/reader/WsdlReader.h"
 #include "generator/reader/XmlLoader.h"
 
+#include <filesystem>
+#include <fstream>
 #include <ostream>
 
 namespace korva::schemac {
+
+namespace {
+
+// The classes that the headers in the list are named after.
+void readHandWritten(const std::string& path, model::Schema& schema, Diagnostics& diagnostics) {
+    if (path.empty()) return;
+    std::ifstream list(path);
+    if (!list.is_open()) {
+        diagnostics.error({path, 0}, "file", "it cannot be read", "an existing file");
+    }
+    for (std::string header; std::getline(list, header);) {
+        const std::string name = std::filesystem::path(header).stem().string();
+        if (!name.empty()) schema.handWritten.insert(name);
+    }
+}
+
+}  // namespace
 
 int run(const std::vector<std::string>& arguments, std::ostream& output, std::ostream& errors) {
     const auto options = parseOptions(arguments, errors);
@@ -22,6 +41,7 @@ int run(const std::vector<std::string>& arguments, std::ostream& output, std::os
     }
     Diagnostics diagnostics;
     model::Schema schema;
+    readHandWritten(options->handWritten, schema, diagnostics);
     {
         XmlLoader loader;
         SchemaReader schemas(loader, schema, diagnostics);

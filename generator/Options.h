@@ -11,6 +11,7 @@ namespace korva::schemac {
 struct Options {
     std::vector<std::string> schemas;
     std::vector<std::string> wsdls;
+    std::string handWritten;
     std::string out;
     std::string docs;
     bool listOutputs = false;

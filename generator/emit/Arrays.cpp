@@ -1,5 +1,7 @@
 #include "generator/emit/Accessors.h"
 #include "generator/emit/Emit.h"
+#include "generator/emit/FieldKinds.h"
+#include "generator/emit/Frame.h"
 #include "generator/emit/Text.h"
 
 namespace korva::schemac::emit {
@@ -9,61 +11,39 @@ using namespace model;
 namespace {
 
 std::string baseOf(const Type& type) {
-    switch (type.elementKind) {
-        case FieldKind::Text: return "KORVA_TextArray";
-        case FieldKind::Int: return "KORVA_IntArrayBase";
-        case FieldKind::Boolean: return "KORVA_BooleanArrayBase";
-        default: break;
-    }
-    // Of the kinds that are left, each has a type of its own.
     const Type* const element = type.element.type;
-    return element != nullptr ? "KORVA_ObjectArray<" + element->className + ">" : std::string();
+    Printer base;
+    base.print(rowOf(type.elementKind).array,
+               {{"type", element != nullptr ? std::string_view(element->className) : ""}});
+    return base.take();
 }
 
 void emitHeader(const Type& type, Files& files) {
-    std::vector<std::string> named;
-    if (type.element.type != nullptr) named.push_back(type.element.type->className);
     const std::string what = type.documentation.empty()
                                  ? "An array of \"" + type.element.text + "\"."
                                  : sentence(type.documentation);
-    Printer printer;
+    std::vector<std::string> named;
+    if (type.element.type != nullptr) named.push_back(type.element.type->className);
+    PublicHeaderFrame frame(files, type.className, type.at.file, "KORVA_TypedArray");
+    Printer& printer = frame.content();
+    printer.print("\n\n$forwards$\n\n", {{"forwards", forwards(named)}});
+    const ClassScope scope(printer, docComment(what, 0), type.className, baseOf(type));
+    declareLife(printer, type.className,
+                "A deep copy; what it consists of is registered in `registry`, the array itself is "
+                "not.");
     printer.print(R"(
-$made$
-#pragma once
-
-$baseInclude$
-
-$check$
-
-$forwards$
-
-$comment$
-class KORVA_EXPORT $class$ : public $base$ {
-public:
-    $class$();
-    /// A deep copy; what it consists of is registered in `registry`, the array itself is not.
-    $class$(const $class$& other, KORVAObjectRegistryI& registry);
-    ~$class$() override;
 
     /// Replaces the elements by deep copies of those of `other`, registered in `registry`.
     void copy(const $class$& other, KORVAObjectRegistryI& registry);
 
 )",
-                  {{"made", madeFrom(type.at.file)},
-                   {"check", versionCheck},
-                   {"baseInclude", includes({"KORVA_TypedArray"})},
-                   {"forwards", forwards(named)},
-                   {"comment", docComment(what, 0)},
-                   {"class", type.className},
-                   {"base", baseOf(type)}});
+                  {{"class", type.className}});
     declareNames(printer, true);
     printer.print(R"(
 
 private:
     ObjectType elementType() const override;
-};
 )");
-    files.add("include/korva/" + type.className + ".h", printer.take());
 }
 
 void printArray(Printer& printer, const Type& type) {
@@ -84,25 +64,13 @@ $class$::ObjectType $class$::elementType() const { return $element$; }
 }
 
 void emitUnit(const Schema& schema, unsigned unit, Files& files) {
-    std::vector<std::string> included;
-    Printer arrays;
+    UnitFrame frame(files, "schema/KORVASchemaTypesArray" + std::to_string(unit) + "_gen_.cpp",
+                    schema.files.front(), {"core/ObjectName.h"});
     for (const Type* type : schema.arrays) {
         if (type->unit != unit) continue;
-        included.push_back(type->className);
-        printArray(arrays, *type);
+        frame.include(type->className);
+        printArray(frame.content(), *type);
     }
-    Printer printer;
-    printer.print(R"(
-$made$
-$internal$
-
-$includes$
-)",
-                  {{"made", madeFrom(schema.files.front())},
-                   {"internal", internalIncludes({"core/ObjectName.h"})},
-                   {"includes", includes(included)}});
-    files.add("schema/KORVASchemaTypesArray" + std::to_string(unit) + "_gen_.cpp",
-              printer.take() + arrays.take());
 }
 
 }  // namespace

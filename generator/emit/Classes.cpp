@@ -1,5 +1,6 @@
 #include "generator/emit/Accessors.h"
 #include "generator/emit/Emit.h"
+#include "generator/emit/Frame.h"
 #include "generator/emit/Text.h"
 
 #include <algorithm>
@@ -11,6 +12,7 @@ using namespace model;
 namespace {
 
 constexpr std::size_t kRuleWidth = 96;
+constexpr std::size_t kRowIndent = 4;
 
 std::string baseOf(const Type& type) {
     return type.baseType() != nullptr ? type.baseType()->className : "KORVA_ClassObject";
@@ -28,40 +30,26 @@ std::string classComment(const Type& type) {
 }
 
 void emitHeader(const Type& type, Files& files) {
-    std::vector<std::string> named = {"KORVAObjectRegistryI"};
-    namedClasses(type.fields, named);
+    std::vector<std::string> named = namedClasses(type.fields);
+    named.emplace_back("KORVAObjectRegistryI");
     std::erase(named, type.className);
-    Printer printer;
-    const Printer::Values values = {{"class", type.className}};
+    PublicHeaderFrame frame(files, type.className, type.at.file, baseOf(type));
+    Printer& printer = frame.content();
     printer.print(R"(
-$made$
-#pragma once
-
-$baseInclude$
-
-$check$
 
 $forwards$
 struct $class$_PrivateData;
 
-$comment$
-class KORVA_EXPORT $class$ : public $base$ {
-public:
-    $class$();
-    /// A deep copy; what it consists of is registered in `registry`, the object itself is not.
-    $class$(const $class$& other, KORVAObjectRegistryI& registry);
-    ~$class$() override;
 )",
-                  {{"made", madeFrom(type.at.file)},
-                   {"baseInclude", includes({baseOf(type)})},
-                   {"base", baseOf(type)},
-                   {"check", versionCheck},
-                   {"forwards", forwards(named)},
-                   {"comment", classComment(type)},
-                   {"class", type.className}});
+                  {{"forwards", forwards(named)}, {"class", type.className}});
+    const ClassScope scope(printer, classComment(type), type.className, baseOf(type));
+    declareLife(
+        printer, type.className,
+        "A deep copy; what it consists of is registered in `registry`, the object itself is "
+        "not.");
     for (const Field& field : type.fields)
         declareAccessors(printer, field);
-    printer.print("\n\n");
+    printer.blankLine();
     declareNames(printer, !type.isAbstract);
     printer.print(R"(
 
@@ -72,33 +60,20 @@ protected:
 
 private:
     $class$_PrivateData* data() const;
-};
 )",
-                  values);
-    files.add("include/korva/" + type.className + ".h", printer.take());
-}
-
-std::string entries(const std::vector<std::size_t>& table) {
-    std::vector<std::string> items;
-    items.reserve(table.size());
-    for (const std::size_t entry : table)
-        items.push_back(std::to_string(entry) + ",");
-    return filled(items, 4);
+                  {{"class", type.className}});
 }
 
 void printTables(Printer& printer, const Type& type) {
     if (type.fields.empty()) return;
-    printer.print("namespace {\nconstexpr korva::FieldDescriptor $name$Fields[] = {\n",
-                  {{"name", type.name}});
-    printFieldRows(printer, type.className + "_PrivateData", type.fields);
-    printer.print(R"(
-};
-constexpr std::uint16_t $name$Hashes[] = {
-    $entries$
-};
-} // namespace
-)",
-                  {{"name", type.name}, {"entries", entries(hashTable(type.fields))}});
+    const NamespaceScope scope(printer);
+    {
+        const TableScope fields(printer,
+                                "constexpr korva::FieldDescriptor " + type.name + "Fields");
+        printFieldRows(printer, type.className + "_PrivateData", type.fields);
+    }
+    const TableScope hashes(printer, "constexpr std::uint16_t " + type.name + "Hashes");
+    printer.print("    $entries$\n", {{"entries", numbers(type.hashes, kRowIndent)}});
 }
 
 void printDescriptor(Printer& printer, const Type& type) {
@@ -121,7 +96,7 @@ constinit const korva::ClassDescriptor korva::descriptors::$class$ = {
                    {"base", base},
                    {"fields", none ? "nullptr" : type.name + "Fields"},
                    {"hashes", none ? "korva::noHashes" : type.name + "Hashes"},
-                   {"mask", std::to_string(hashTable(type.fields).size() - 1)},
+                   {"mask", std::to_string(type.hashes.size() - 1)},
                    {"own", std::to_string(type.fields.size())},
                    {"inherited", std::to_string(type.inheritedFields)}});
 }
@@ -151,44 +126,30 @@ const korva::ClassDescriptor& $class$::descriptor() const {
                   {{"class", type.className}, {"base", baseOf(type)}});
     defineNames(printer, type.className, !type.isAbstract);
     for (const Field& field : type.fields) {
-        printer.print("\n\n");
+        printer.blankLine();
         defineAccessors(printer, type.className, field);
     }
 }
 
 void emitUnit(const Schema& schema, const std::vector<const Type*>& family, const std::string& name,
               unsigned unit, Files& files) {
-    std::vector<std::string> included;
-    Printer classes;
-    for (const Type* type : family) {
-        if (type->unit != unit) continue;
-        included.push_back(type->className);
-        createdClasses(type->fields, included);
-        printClass(classes, *type);
-    }
-    Printer printer;
-    printer.print(
-        R"(
-$made$
-$internal$
-
-$includes$
-
-$check$
+    UnitFrame frame(files, "schema/" + name + std::to_string(unit) + "_gen_.cpp",
+                    schema.files.front(),
+                    {"core/ObjectCreation.h", "core/ObjectName.h", "schema/KORVADescriptors_gen_.h",
+                     "schema/KORVARecords_gen_.h"});
+    frame.content().print(R"(
 
 #if defined(__GNUC__)
 // The records derive from one another, and have no other base.
 #pragma GCC diagnostic ignored "-Winvalid-offsetof"
 #endif
-)",
-        {{"made", madeFrom(schema.files.front())},
-         {"internal",
-          internalIncludes({"core/ObjectCreation.h", "core/ObjectName.h",
-                            "schema/KORVADescriptors_gen_.h", "schema/KORVARecords_gen_.h"})},
-         {"includes", includes(included)},
-         {"check", versionCheck}});
-    files.add("schema/" + name + std::to_string(unit) + "_gen_.cpp",
-              printer.take() + classes.take());
+)");
+    for (const Type* type : family) {
+        if (type->unit != unit) continue;
+        frame.include(type->className);
+        frame.include(createdClasses(type->fields));
+        printClass(frame.content(), *type);
+    }
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "generator/emit/Accessors.h"
 #include "generator/emit/Emit.h"
+#include "generator/emit/Frame.h"
 #include "generator/emit/Text.h"
 
 namespace korva::schemac::emit {
@@ -24,55 +25,31 @@ std::string enumComment(const Type& type) {
 }
 
 void printEnumerators(Printer& printer, const Type& type) {
+    printer.print(R"(
+    /// The CRC-32 of each word.
+    enum Enum : int {
+        eKOVRAUninitialized = 0, ///< nothing is set
+)");
     for (const Word& word : type.words) {
+        const std::string identity = enumeratorValue(word.identity);
         if (word.documentation.empty()) {
-            printer.print("        $enumerator$ = $identity$, ///< $word$\n",
-                          {{"enumerator", word.enumerator},
-                           {"identity", decimal(word.identity)},
-                           {"word", word.text}});
+            printer.print(
+                "        $enumerator$ = $identity$, ///< $word$\n",
+                {{"enumerator", word.enumerator}, {"identity", identity}, {"word", word.text}});
             continue;
         }
         const std::string comment =
             docComment(word.text + ": " + sentence(word.documentation), kEnumeratorIndent);
-        printer.print("        $comment$\n        $enumerator$ = $identity$,\n",
-                      {{"comment", comment},
-                       {"enumerator", word.enumerator},
-                       {"identity", decimal(word.identity)}});
+        printer.print(
+            "        $comment$\n        $enumerator$ = $identity$,\n",
+            {{"comment", comment}, {"enumerator", word.enumerator}, {"identity", identity}});
     }
+    printer.print("    };\n");
 }
 
-void emitHeader(const Type& type, Files& files) {
-    Printer printer;
+void declareFunctions(Printer& printer, const Type& type) {
+    declareLife(printer, type.className, "Copies the value; nothing is registered.");
     printer.print(R"(
-$made$
-#pragma once
-
-$baseInclude$
-
-$check$
-
-class KORVAObjectRegistryI;
-
-$comment$
-class KORVA_EXPORT $class$ : public KORVA_EnumObject {
-public:
-    /// The CRC-32 of each word.
-    enum Enum : int {
-        eKOVRAUninitialized = 0, ///< nothing is set
-)",
-                  {{"made", madeFrom(type.at.file)},
-                   {"baseInclude", includes({"KORVA_EnumObject"})},
-                   {"check", versionCheck},
-                   {"comment", enumComment(type)},
-                   {"class", type.className}});
-    printEnumerators(printer, type);
-    printer.print(R"(
-    };
-
-    $class$();
-    /// Copies the value; nothing is registered.
-    $class$(const $class$& other, KORVAObjectRegistryI& registry);
-    ~$class$() override;
 
     /// The value of a word; eKOVRAUninitialized for the empty text.
     /// @throws ZELAssertError `text` is null
@@ -93,32 +70,39 @@ public:
     /// The word of the value, as enumToString finds it.
     const char* toString();
 
-)",
-                  {{"class", type.className}});
+)");
     declareNames(printer, true);
     printer.print(R"(
 
 protected:
     const korva::EnumDescriptor& descriptor() const override;
-};
 )");
-    files.add("include/korva/" + type.className + ".h", printer.take());
+}
+
+void emitHeader(const Type& type, Files& files) {
+    PublicHeaderFrame frame(files, type.className, type.at.file, "KORVA_EnumObject");
+    Printer& printer = frame.content();
+    printer.print("\n\nclass KORVAObjectRegistryI;\n\n");
+    const ClassScope scope(printer, enumComment(type), type.className, "KORVA_EnumObject");
+    printEnumerators(printer, type);
+    printer.blankLine();
+    declareFunctions(printer, type);
+}
+
+void printEntries(Printer& printer, const Type& type) {
+    if (type.words.empty()) return;
+    const NamespaceScope scope(printer);
+    const TableScope entries(printer, "constexpr korva::EnumEntry " + type.name + "Entries");
+    for (const Word& word : type.words) {
+        printer.print("    {$crc$, $class$::$enumerator$},\n", {{"crc", hex(word.identity)},
+                                                                {"class", type.className},
+                                                                {"enumerator", word.enumerator}});
+    }
 }
 
 void printEnum(Printer& printer, const Type& type) {
-    const bool none = type.words.empty();
-    printer.print("\n\n");
-    if (!none) {
-        printer.print("namespace {\nconstexpr korva::EnumEntry $name$Entries[] = {\n",
-                      {{"name", type.name}});
-        for (const Word& word : type.words) {
-            printer.print("    {$crc$, $class$::$enumerator$},\n",
-                          {{"crc", hex(word.identity)},
-                           {"class", type.className},
-                           {"enumerator", word.enumerator}});
-        }
-        printer.print("};\n} // namespace\n");
-    }
+    printer.blankLine();
+    printEntries(printer, type);
     printer.print(R"(
 constinit const korva::EnumDescriptor korva::descriptors::$class$ = {
     "$class$",
@@ -149,7 +133,7 @@ const korva::EnumDescriptor& $class$::descriptor() const {
 )",
                   {{"class", type.className},
                    {"name", type.name},
-                   {"entries", none ? "nullptr" : type.name + "Entries"},
+                   {"entries", type.words.empty() ? "nullptr" : type.name + "Entries"},
                    {"count", std::to_string(type.words.size())},
                    {"open", std::to_string(type.openWords)}});
     defineNames(printer, type.className, true);
@@ -158,26 +142,13 @@ const korva::EnumDescriptor& $class$::descriptor() const {
 }  // namespace
 
 void emitEnums(const Schema& schema, Files& files) {
-    std::vector<std::string> included;
-    Printer enums;
+    UnitFrame unit(files, "schema/KORVASchemaTypesEnum_gen_.cpp", schema.files.front(),
+                   {"core/EnumWords.h", "core/ObjectName.h", "schema/KORVADescriptors_gen_.h"});
     for (const Type* type : schema.enums) {
         emitHeader(*type, files);
-        included.push_back(type->className);
-        printEnum(enums, *type);
+        unit.include(type->className);
+        printEnum(unit.content(), *type);
     }
-    Printer printer;
-    printer.print(
-        R"(
-$made$
-$internal$
-
-$includes$
-)",
-        {{"made", madeFrom(schema.files.front())},
-         {"internal", internalIncludes({"core/EnumWords.h", "core/ObjectName.h",
-                                        "schema/KORVADescriptors_gen_.h"})},
-         {"includes", includes(included)}});
-    files.add("schema/KORVASchemaTypesEnum_gen_.cpp", printer.take() + enums.take());
 }
 
 }  // namespace korva::schemac::emit

@@ -1,5 +1,5 @@
 #include "generator/emit/Emit.h"
-#include "generator/emit/Printer.h"
+#include "generator/emit/Frame.h"
 #include "generator/emit/Text.h"
 
 namespace korva::schemac::emit {
@@ -8,7 +8,7 @@ using namespace model;
 
 namespace {
 
-constexpr unsigned kIndexBits = 10;
+constexpr std::size_t kRowIndent = 4;
 constexpr std::string_view kPrefix = "bus:";
 
 void printRow(Printer& printer, const Type& type) {
@@ -35,70 +35,58 @@ void printRow(Printer& printer, const Type& type) {
                   values);
 }
 
+void printNames(Printer& printer, const Schema& schema) {
+    const TableScope table(printer, "constexpr NameToType names");
+    for (const Type* type : schema.byName) {
+        printer.print("    {\"$name$\", KORVASchemaTypeI::e$class$},\n",
+                      {{"name", type->name}, {"class", type->className}});
+    }
+}
+
+void printArrayNames(Printer& printer, const Schema& schema) {
+    const TableScope table(printer, "constexpr NameToType arrayNames");
+    for (const Type* type : schema.arraysByKey) {
+        printer.print("    {\"$key$\", KORVASchemaTypeI::e$class$},\n",
+                      {{"key", type->arrayKey}, {"class", type->className}});
+    }
+    printer.print("    {nullptr, KORVASchemaTypeI::e_Unknown}, // not counted\n");
+}
+
+void printTables(Printer& printer, const Schema& schema) {
+    const NamespaceScope scope(printer);
+    printer.print("\n\nusing NameToType = KORVASchemaTypesFactory::KORVATypeNameToType;\n\n");
+    {
+        const TableScope table(printer, "constexpr TypeDescriptor types");
+        for (const Type* type : schema.byIdentity)
+            printRow(printer, *type);
+    }
+    printer.blankLine();
+    {
+        const TableScope table(printer, "constexpr std::uint16_t typeIndex");
+        printer.print("    $index$\n", {{"index", numbers(schema.typeIndex.starts, kRowIndent)}});
+    }
+    printer.blankLine();
+    printNames(printer, schema);
+    printer.blankLine();
+    printArrayNames(printer, schema);
+    printer.blankLine();
+}
+
 }  // namespace
 
 void emitFactory(const Schema& schema, Files& files) {
-    std::vector<std::string> included;
-    Printer rows;
-    Printer names;
-    Printer arrayNames;
-    std::vector<std::int32_t> identities;
-    for (const Type* type : schema.byIdentity) {
-        printRow(rows, *type);
-        identities.push_back(type->identity);
-    }
+    UnitFrame unit(files, "schema/KORVASchemaTypesFactory_gen_.cpp", schema.files.front(),
+                   {"core/ObjectCreation.h", "schema/KORVADescriptors_gen_.h"});
     for (const Type* type : schema.byName) {
-        if (!type->isAbstract) included.push_back(type->className);
-        names.print("{\"$name$\", KORVASchemaTypeI::e$class$},\n",
-                    {{"name", type->name}, {"class", type->className}});
+        if (!type->isAbstract) unit.include(type->className);
     }
-    for (const Type* type : schema.arraysByKey) {
-        arrayNames.print("{\"$key$\", KORVASchemaTypeI::e$class$},\n",
-                         {{"key", type->arrayKey}, {"class", type->className}});
-    }
-    Printer printer;
+    Printer& printer = unit.content();
+    printer.blankLine();
+    const NamespaceScope scope(printer, "korva");
+    printer.print("\n\nstatic_assert(typeIndexBits == $bits$, \"run korva-schemac again\");\n\n",
+                  {{"bits", std::to_string(schema.typeIndex.bits)}});
+    printTables(printer, schema);
     printer.print(R"(
-$made$
-$internal$
-
-$includes$
-
-$check$
-
-namespace korva {
-
-static_assert(typeIndexBits == $bits$, "run korva-schemac again");
-
-namespace {
-
-using NameToType = KORVASchemaTypesFactory::KORVATypeNameToType;
-
-constexpr TypeDescriptor types[] = {
-)",
-                  {{"made", madeFrom(schema.files.front())},
-                   {"internal",
-                    internalIncludes({"core/ObjectCreation.h", "schema/KORVADescriptors_gen_.h"})},
-                   {"includes", includes(included)},
-                   {"check", versionCheck},
-                   {"bits", decimal(kIndexBits)}});
-    printer.print("$rows$", {{"rows", rows.text()}});
-    printer.print(R"(
-};
-
-constexpr std::uint16_t typeIndex[] = {
-    $index$
-};
-
-constexpr NameToType names[] = {
-    $names$
-};
-
-constexpr NameToType arrayNames[] = {
-    $arrayNames$
-    {nullptr, KORVASchemaTypeI::e_Unknown}, // not counted
-};
-
-} // namespace
 
 constinit const TypeTables typeTables = {
     types,
@@ -110,14 +98,9 @@ constinit const TypeTables typeTables = {
     $arrayCount$,
 };
 
-} // namespace korva
 )",
-                  {{"index", topBitsIndex(identities, kIndexBits)},
-                   {"names", names.text()},
-                   {"arrayNames", arrayNames.text()},
-                   {"typeCount", std::to_string(schema.byName.size())},
+                  {{"typeCount", std::to_string(schema.byName.size())},
                    {"arrayCount", std::to_string(schema.arraysByKey.size())}});
-    files.add("schema/KORVASchemaTypesFactory_gen_.cpp", printer.take());
 }
 
 }  // namespace korva::schemac::emit

@@ -1,19 +1,11 @@
 #include "generator/emit/Files.h"
 
-#include "generator/emit/Text.h"
-
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <ostream>
 
 namespace korva::schemac::emit {
-
-const char* const versionCheck =
-    R"(#if KORVA_CORE_VERSION != 1
-#error "This file was made for another version of the core: run korva-schemac again."
-#endif
-)";
 
 void Files::add(std::string path, std::string content) {
     m_files.insert_or_assign(std::move(path), std::move(content));
@@ -46,10 +38,6 @@ bool writeFile(const std::string& path, std::string_view content, std::ostream& 
     file.close();
     if (!file) errors << path << ": error: it cannot be written\n";
     return static_cast<bool>(file);
-}
-
-std::string madeFrom(std::string_view sourcePath) {
-    return "// Made by korva-schemac from " + sourceName(sourcePath) + "; do not edit.\n";
 }
 
 }  // namespace korva::schemac::emit

@@ -27,10 +27,4 @@ private:
 /// Writes one file unless it has this content already.
 bool writeFile(const std::string& path, std::string_view content, std::ostream& errors);
 
-/// The first line of a generated file: from which source it was made.
-std::string madeFrom(std::string_view sourcePath);
-
-/// Stops the compile when the core is not the one that this generator writes for.
-extern const char* const versionCheck;
-
 }  // namespace korva::schemac::emit

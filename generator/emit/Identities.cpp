@@ -1,5 +1,5 @@
 #include "generator/emit/Emit.h"
-#include "generator/emit/Printer.h"
+#include "generator/emit/Frame.h"
 #include "generator/emit/Text.h"
 
 namespace korva::schemac::emit {
@@ -10,25 +10,23 @@ namespace {
 
 // An enumerator for each item, for the inside of an enumeration.
 template <class Item>
-std::string enumerators(std::string_view source, const std::vector<const Item*>& items) {
-    Printer printer;
-    printer.print("$made$\n$check$\n", {{"made", madeFrom(source)}, {"check", versionCheck}});
+void emitEnumerators(Files& files, const std::string& name, std::string_view source,
+                     const std::vector<const Item*>& items) {
+    FragmentFrame fragment(files, name, source);
     for (const Item* item : items) {
-        printer.print("        e$class$ = $identity$, ///< $name$\n",
-                      {{"class", item->className},
-                       {"identity", decimal(item->identity)},
-                       {"name", item->name}});
+        fragment.content().print("        e$class$ = $identity$, ///< $name$\n",
+                                 {{"class", item->className},
+                                  {"identity", enumeratorValue(item->identity)},
+                                  {"name", item->name}});
     }
-    return printer.take();
 }
 
 }  // namespace
 
 void emitIdentities(const Schema& schema, Files& files) {
-    files.add("include/korva/KORVAObjectTypes_gen_.inc",
-              enumerators(schema.files.front(), schema.byName));
-    files.add("include/korva/KORVAMessageTypes_gen_.inc",
-              enumerators(schema.messagesFile(), schema.messagesByName));
+    emitEnumerators(files, "KORVAObjectTypes_gen_.inc", schema.files.front(), schema.byName);
+    emitEnumerators(files, "KORVAMessageTypes_gen_.inc", schema.messagesFile(),
+                    schema.messagesByName);
 }
 
 }  // namespace korva::schemac::emit

@@ -1,76 +1,68 @@
 #include "generator/emit/Emit.h"
-#include "generator/emit/Printer.h"
+#include "generator/emit/Frame.h"
 #include "generator/emit/Text.h"
 
 namespace korva::schemac::emit {
 
 using namespace model;
 
-void emitMessageFactory(const Schema& schema, Files& files) {
-    const std::string made = madeFrom(schema.messagesFile());
-    std::vector<std::string> included = {"KORVAMessageFactory"};
-    Printer declarations;
-    Printer parameters;
-    Printer rows;
-    declarations.print("$made$\n$check$\n", {{"made", made}, {"check", versionCheck}});
+namespace {
+
+void emitDeclarations(const Schema& schema, Files& files) {
+    FragmentFrame fragment(files, "KORVAParamDescriptors_gen_.inc", schema.messagesFile());
     for (const Message* message : schema.messagesByName) {
-        const Printer::Values values = {{"class", message->className}};
-        included.push_back(message->className);
-        declarations.print("    static const KORVAParamDescriptor g_$class$ParamDescriptor[];\n",
-                           values);
-        parameters.print(R"(
+        fragment.content().print(
+            "    static const KORVAParamDescriptor g_$class$ParamDescriptor[];\n",
+            {{"class", message->className}});
+    }
+}
+
+void printParameters(Printer& printer, const Message& message) {
+    printer.print(R"(
 
 constinit const KORVAMessageFactory::KORVAParamDescriptor
     KORVAMessageFactory::g_$class$ParamDescriptor[] = {
 )",
-                         values);
-        for (const Field& param : message->params) {
-            parameters.print("        {\"$name$\", $type$},\n",
-                             {{"name", param.name}, {"type", objectType(param.reference)}});
-        }
-        parameters.print("        {nullptr, KORVASchemaTypeI::e_Unknown},\n};\n");
+                  {{"class", message.className}});
+    for (const Field& param : message.params) {
+        printer.print("        {\"$name$\", $type$},\n",
+                      {{"name", param.name}, {"type", objectType(param.reference)}});
     }
+    printer.print("        {nullptr, KORVASchemaTypeI::e_Unknown},\n};\n");
+}
+
+void printTypes(Printer& printer, const Schema& schema) {
+    const TableScope table(printer, "constinit const MessageTypeRow messageTypes");
     for (const Message* message : schema.messagesByIdentity) {
-        rows.print(R"(
+        printer.print(R"(
     {KORVAMessageI::e$class$, &createMessage<::$class$>,
      KORVAMessageFactory::g_$class$ParamDescriptor},
 )",
-                   {{"class", message->className}});
+                      {{"class", message->className}});
     }
     if (schema.messagesByIdentity.empty()) {
-        rows.print("    {KORVAMessageI::e_Unknown, nullptr, nullptr}, // not counted\n");
+        printer.print("    {KORVAMessageI::e_Unknown, nullptr, nullptr}, // not counted\n");
     }
-    files.add("include/korva/KORVAParamDescriptors_gen_.inc", declarations.take());
+}
 
-    Printer printer;
-    printer.print(R"(
-$made$
-$internal$
+}  // namespace
 
-$includes$
-)",
-                  {{"made", made},
-                   {"internal", internalIncludes({"messages/MessageCreation.h",
-                                                  "messages/MessageDescriptor.h"})},
-                   {"includes", includes(included)}});
-    Printer table;
-    table.print(R"(
-
-namespace korva {
-
-constinit const MessageTypeRow messageTypes[] = {
-)");
-    Printer end;
-    end.print(R"(
-};
-
-constinit const std::size_t messageTypeCount = $count$;
-
-} // namespace korva
-)",
-              {{"count", std::to_string(schema.messagesByIdentity.size())}});
-    files.add("messages/KORVAMessageFactory_gen_.cpp",
-              printer.take() + parameters.take() + table.take() + rows.take() + end.take());
+void emitMessageFactory(const Schema& schema, Files& files) {
+    emitDeclarations(schema, files);
+    UnitFrame unit(files, "messages/KORVAMessageFactory_gen_.cpp", schema.messagesFile(),
+                   {"messages/MessageCreation.h", "messages/MessageDescriptor.h"});
+    unit.include("KORVAMessageFactory");
+    Printer& printer = unit.content();
+    for (const Message* message : schema.messagesByName) {
+        unit.include(message->className);
+        printParameters(printer, *message);
+    }
+    printer.blankLine();
+    const NamespaceScope scope(printer, "korva");
+    printer.blankLine();
+    printTypes(printer, schema);
+    printer.print("\n\nconstinit const std::size_t messageTypeCount = $count$;\n\n",
+                  {{"count", std::to_string(schema.messagesByIdentity.size())}});
 }
 
 }  // namespace korva::schemac::emit

@@ -1,5 +1,6 @@
 #include "generator/emit/Accessors.h"
 #include "generator/emit/Emit.h"
+#include "generator/emit/Frame.h"
 #include "generator/emit/Text.h"
 
 namespace korva::schemac::emit {
@@ -15,32 +16,19 @@ std::string messageComment(const Message& message) {
 }
 
 void emitHeader(const Message& message, Files& files) {
-    std::vector<std::string> named;
-    namedClasses(message.params, named);
-    Printer printer;
-    printer.print(R"(
-$made$
-#pragma once
-
-$baseInclude$
-
-$check$
+    PublicHeaderFrame frame(files, message.className, message.at.file, "KORVA_MessageObject");
+    Printer& printer = frame.content();
+    printer.print(
+        R"(
 
 $forwards$
 struct $class$_PrivateData;
 
-$comment$
-class KORVA_EXPORT $class$ : public KORVA_MessageObject {
-public:
-    $class$();
-    ~$class$() override;
 )",
-                  {{"made", madeFrom(message.at.file)},
-                   {"baseInclude", includes({"KORVA_MessageObject"})},
-                   {"check", versionCheck},
-                   {"forwards", forwards(named)},
-                   {"comment", messageComment(message)},
-                   {"class", message.className}});
+        {{"forwards", forwards(namedClasses(message.params))}, {"class", message.className}});
+    const ClassScope scope(printer, messageComment(message), message.className,
+                           "KORVA_MessageObject");
+    printer.print("    $class$();\n    ~$class$() override;\n", {{"class", message.className}});
     for (const Field& param : message.params)
         declareAccessors(printer, param);
     printer.print(R"(
@@ -50,28 +38,35 @@ protected:
 
 private:
     $class$_PrivateData* data() const;
-};
 )",
                   {{"class", message.className}});
-    files.add("include/korva/" + message.className + ".h", printer.take());
 }
 
-void printMessage(Printer& printer, const Message& message) {
-    const std::string record = message.className + "_PrivateData";
+void printTables(Printer& printer, const Message& message) {
+    const NamespaceScope scope(printer);
     const bool none = message.params.empty();
-    printer.print("\n\nstruct $record$ : korva::Record {\n", {{"record", record}});
-    printMembers(printer, message.params);
-    printer.print("};\nnamespace {\n");
     if (!none) {
-        printer.print("constexpr korva::FieldDescriptor $name$Params[] = {\n",
-                      {{"name", message.name}});
-        printFieldRows(printer, record, message.params);
-        printer.print("};\n");
+        const TableScope params(printer,
+                                "constexpr korva::FieldDescriptor " + message.name + "Params");
+        printFieldRows(printer, message.className + "_PrivateData", message.params);
     }
     printer.print(R"(
 constinit const korva::MessageDescriptor $name$Descriptor = {
     "$name$", KORVAMessageI::e$class$, &typeid($class$), $params$, $count$};
-} // namespace
+)",
+                  {{"name", message.name},
+                   {"class", message.className},
+                   {"params", none ? "nullptr" : message.name + "Params"},
+                   {"count", std::to_string(message.params.size())}});
+}
+
+void printMessage(Printer& printer, const Message& message) {
+    const std::string record = message.className + "_PrivateData";
+    printer.print("\n\nstruct $record$ : korva::Record {\n", {{"record", record}});
+    printMembers(printer, message.params);
+    printer.print("};\n");
+    printTables(printer, message);
+    printer.print(R"(
 
 inline $record$* $class$::data() const {
     return static_cast<$record$*>(m_pPrivateData);
@@ -83,43 +78,29 @@ const korva::MessageDescriptor& $class$::descriptor() const {
     return $name$Descriptor;
 }
 )",
-                  {{"name", message.name},
-                   {"class", message.className},
-                   {"record", record},
-                   {"params", none ? "nullptr" : message.name + "Params"},
-                   {"count", std::to_string(message.params.size())}});
+                  {{"name", message.name}, {"class", message.className}, {"record", record}});
     for (const Field& param : message.params) {
         defineAccessors(printer, message.className, param);
     }
 }
 
 void emitUnit(const Schema& schema, unsigned unit, Files& files) {
-    std::vector<std::string> included;
-    Printer messages;
-    for (const Message* message : schema.messagesByName) {
-        if (message->unit != unit) continue;
-        included.push_back(message->className);
-        createdClasses(message->params, included);
-        printMessage(messages, *message);
-    }
-    Printer printer;
-    printer.print(
-        R"(
-$made$
-$internal$
-
-$includes$
+    UnitFrame frame(files, "messages/KORVAMessages" + std::to_string(unit) + "_gen_.cpp",
+                    schema.messagesFile(),
+                    {"core/ObjectCreation.h", "messages/MessageDescriptor.h"});
+    frame.content().print(R"(
 
 #if defined(__GNUC__)
 // The records derive from korva::Record, and have no other base.
 #pragma GCC diagnostic ignored "-Winvalid-offsetof"
 #endif
-)",
-        {{"made", madeFrom(schema.messagesFile())},
-         {"internal", internalIncludes({"core/ObjectCreation.h", "messages/MessageDescriptor.h"})},
-         {"includes", includes(included)}});
-    files.add("messages/KORVAMessages" + std::to_string(unit) + "_gen_.cpp",
-              printer.take() + messages.take());
+)");
+    for (const Message* message : schema.messagesByName) {
+        if (message->unit != unit) continue;
+        frame.include(message->className);
+        frame.include(createdClasses(message->params));
+        printMessage(frame.content(), *message);
+    }
 }
 
 }  // namespace

@@ -20,6 +20,8 @@ public:
     /// @throws std::logic_error `text` uses a name without a value
     void print(std::string_view text, Values values = {});
 
+    void blankLine() { m_out.push_back('\n'); }
+
     const std::string& text() const { return m_out; }
     std::string take() { return std::move(m_out); }
 

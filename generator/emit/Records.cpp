@@ -1,5 +1,6 @@
 #include "generator/emit/Accessors.h"
 #include "generator/emit/Emit.h"
+#include "generator/emit/Frame.h"
 #include "generator/emit/Text.h"
 
 namespace korva::schemac::emit {
@@ -17,78 +18,54 @@ void printRecord(Printer& printer, const Type& type) {
     printer.print("};\n");
 }
 
-}  // namespace
-
-void emitRecords(const Schema& schema, Files& files) {
-    std::vector<std::string> named;
-    std::vector<std::string> embedded = {"KORVAExport"};
+void emitRecordsHeader(const Schema& schema, Files& files) {
+    InternalHeaderFrame header(files, "schema/KORVARecords_gen_.h", schema.files.front(),
+                               "The records in which the objects of the schema keep their fields, "
+                               "bases before derived classes.",
+                               {"core/Descriptor.h"});
+    header.include("KORVAExport");
+    std::vector<std::string> pointed;
     Printer records;
     for (const auto* family : {&schema.classes, &schema.properties}) {
         for (const Type* type : *family) {
             for (const Field& field : type->fields) {
                 if (field.kind == FieldKind::EmbeddedArray) {
-                    embedded.push_back(field.reference.type->className);
-                } else if (field.reference.type != nullptr) {
-                    named.push_back(field.reference.type->className);
-                } else if (field.kind == FieldKind::Binary) {
-                    named.emplace_back("KORVAXSBase64Binary");
+                    header.include(field.reference.type->className);
+                } else if (field.reference.type != nullptr || field.kind == FieldKind::Binary) {
+                    pointed.emplace_back(cppType(field));
                 }
             }
             printRecord(records, *type);
         }
     }
-    Printer printer;
-    printer.print(R"(
-$made$
-// The records in which the objects of the schema keep their fields, bases before derived classes.
-#pragma once
+    header.content().print("\n\n$forwards$\n\n", {{"forwards", forwards(pointed)}});
+    header.content().print("$records$\n", {{"records", records.text()}});
+}
 
-$internal$
-
-$includes$
-
-$check$
-
-$forwards$
-
-)",
-                  {{"made", madeFrom(schema.files.front())},
-                   {"internal", internalIncludes({"core/Descriptor.h"})},
-                   {"includes", includes(embedded)},
-                   {"check", versionCheck},
-                   {"forwards", forwards(named)}});
-    files.add("schema/KORVARecords_gen_.h", printer.take() + records.take());
-
-    Printer descriptors;
-    descriptors.print(R"(
-$made$
-// The tables of fields of all classes and properties, and those of words of all enumerations.
-#pragma once
-
-$internal$
-
-$includes$
-
-$check$
-
-namespace korva::descriptors {
-
-)",
-                      {{"made", madeFrom(schema.files.front())},
-                       {"internal", internalIncludes({"core/Descriptor.h"})},
-                       {"includes", includes({"KORVAExport"})},
-                       {"check", versionCheck}});
+void emitDescriptorsHeader(const Schema& schema, Files& files) {
+    InternalHeaderFrame header(files, "schema/KORVADescriptors_gen_.h", schema.files.front(),
+                               "The tables of fields of all classes and properties, and those of "
+                               "words of all enumerations.",
+                               {"core/Descriptor.h"});
+    header.include("KORVAExport");
+    Printer& printer = header.content();
+    printer.blankLine();
+    const NamespaceScope scope(printer, "korva::descriptors");
+    printer.blankLine();
     for (const Type* type : schema.byName) {
         if (type->kind == TypeKind::Class || type->kind == TypeKind::Property) {
-            descriptors.print("extern const ClassDescriptor $class$;\n",
-                              {{"class", type->className}});
+            printer.print("extern const ClassDescriptor $class$;\n", {{"class", type->className}});
         } else if (type->kind == TypeKind::Enum) {
-            descriptors.print("extern const EnumDescriptor $class$;\n",
-                              {{"class", type->className}});
+            printer.print("extern const EnumDescriptor $class$;\n", {{"class", type->className}});
         }
     }
-    descriptors.print("\n} // namespace korva::descriptors\n");
-    files.add("schema/KORVADescriptors_gen_.h", descriptors.take());
+}
+
+}  // namespace
+
+void emitRecords(const Schema& schema, Files& files) {
+    emitRecordsHeader(schema, files);
+    emitDescriptorsHeader(schema, files);
 }
 
 }  // namespace korva::schemac::emit

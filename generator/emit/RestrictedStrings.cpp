@@ -1,5 +1,6 @@
 #include "generator/emit/Accessors.h"
 #include "generator/emit/Emit.h"
+#include "generator/emit/Frame.h"
 #include "generator/emit/Text.h"
 
 namespace korva::schemac::emit {
@@ -12,32 +13,13 @@ void emitHeader(const Type& type, Files& files) {
     const std::string what = type.documentation.empty()
                                  ? "The text \"" + type.name + "\" of the schema."
                                  : sentence(type.documentation);
-    Printer printer;
-    printer.print(R"(
-$made$
-#pragma once
-
-$baseInclude$
-
-$check$
-
-$comment$
-class KORVA_EXPORT $class$ : public KORVA_RestrictedString {
-public:
-    $class$();
-    /// A copy, whose text is registered in `registry`.
-    $class$(const $class$& other, KORVAObjectRegistryI& registry);
-    ~$class$() override;
-
-)",
-                  {{"made", madeFrom(type.at.file)},
-                   {"baseInclude", includes({"KORVA_RestrictedString"})},
-                   {"check", versionCheck},
-                   {"comment", docComment(what, 0)},
-                   {"class", type.className}});
+    PublicHeaderFrame frame(files, type.className, type.at.file, "KORVA_RestrictedString");
+    Printer& printer = frame.content();
+    printer.blankLine();
+    const ClassScope scope(printer, docComment(what, 0), type.className, "KORVA_RestrictedString");
+    declareLife(printer, type.className, "A copy, whose text is registered in `registry`.");
+    printer.blankLine();
     declareNames(printer, true);
-    printer.print("};\n");
-    files.add("include/korva/" + type.className + ".h", printer.take());
 }
 
 void printClass(Printer& printer, const Type& type) {
@@ -55,24 +37,13 @@ $class$::~$class$() = default;
 }  // namespace
 
 void emitRestrictedStrings(const Schema& schema, Files& files) {
-    std::vector<std::string> included;
-    Printer classes;
+    UnitFrame unit(files, "schema/KORVASchemaTypesRestrictedString_gen_.cpp", schema.files.front(),
+                   {"core/ObjectName.h"});
     for (const Type* type : schema.restrictedStrings) {
         emitHeader(*type, files);
-        included.push_back(type->className);
-        printClass(classes, *type);
+        unit.include(type->className);
+        printClass(unit.content(), *type);
     }
-    Printer printer;
-    printer.print(R"(
-$made$
-$internal$
-
-$includes$
-)",
-                  {{"made", madeFrom(schema.files.front())},
-                   {"internal", internalIncludes({"core/ObjectName.h"})},
-                   {"includes", includes(included)}});
-    files.add("schema/KORVASchemaTypesRestrictedString_gen_.cpp", printer.take() + classes.take());
 }
 
 }  // namespace korva::schemac::emit

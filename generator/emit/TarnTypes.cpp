@@ -1,5 +1,6 @@
 #include "generator/emit/Emit.h"
-#include "generator/emit/Printer.h"
+#include "generator/emit/FieldKinds.h"
+#include "generator/emit/Frame.h"
 #include "generator/emit/Text.h"
 
 #include <map>
@@ -11,7 +12,7 @@ using namespace model;
 
 namespace {
 
-constexpr unsigned kIndexBits = 10;
+constexpr std::size_t kRowIndent = 4;
 constexpr std::string_view kPrefix = "bus:";
 
 std::string_view kindOf(TypeKind kind) {
@@ -25,31 +26,12 @@ std::string_view kindOf(TypeKind kind) {
     return {};
 }
 
-std::string_view kindOf(FieldKind kind) {
-    switch (kind) {
-        case FieldKind::Object: return "Object";
-        case FieldKind::Text: return "Text";
-        case FieldKind::Binary: return "Binary";
-        case FieldKind::Boolean: return "Boolean";
-        case FieldKind::Int: return "Int";
-        case FieldKind::Float: return "Float";
-        case FieldKind::EmbeddedArray: return "Array";
-    }
-    return {};
-}
-
-std::string number(std::size_t value) {
-    return decimal(static_cast<std::int64_t>(value));
-}
-
-/// The tables while they are being written.
+// The rows of the tables, which refer to each other by their positions.
 class Tables {
 public:
     explicit Tables(const Schema& schema) {
-        for (const Type* type : schema.byIdentity) {
+        for (const Type* type : schema.byIdentity)
             m_positions.emplace(type, m_positions.size());
-            m_identities.push_back(type->identity);
-        }
         for (const Type* type : schema.byIdentity)
             printType(*type);
     }
@@ -57,29 +39,25 @@ public:
     const std::string& types() const { return m_types.text(); }
     const std::string& fields() const { return m_fields.text(); }
     const std::string& names() const { return m_names.text(); }
-    std::string hashes() const { return filled(m_hashes, 4); }
-
-    std::string index() const { return topBitsIndex(m_identities, kIndexBits); }
+    std::string hashes() const { return numbers(m_hashes, kRowIndent); }
 
 private:
     void printType(const Type& type) {
         const std::string base =
-            type.baseType() != nullptr ? number(m_positions.at(type.baseType())) : "noBase";
-        // The table of a type without fields is the one entry in front.
-        const std::vector<std::size_t> table = hashTable(type.fields);
+            type.baseType() != nullptr ? std::to_string(m_positions.at(type.baseType())) : "noBase";
         m_types.print(
             "{$identity$, $element$, $name$, $first$, $hash$, $mask$, $count$, $inherited$, "
             "$slots$, $arrays$, $base$, TypeKind::$kind$, $abstract$}, // $text$\n",
-            {{"identity", decimal(type.identity)},
-             {"element", decimal(type.elementObjectType)},
-             {"name", number(m_namesSize)},
-             {"first", number(m_fieldCount)},
-             {"hash", number(type.fields.empty() ? 0 : m_hashes.size())},
-             {"mask", number(table.size() - 1)},
-             {"count", number(type.fields.size())},
-             {"inherited", number(type.inheritedFields)},
-             {"slots", number(type.slots)},
-             {"arrays", number(type.arrays)},
+            {{"identity", std::to_string(type.identity)},
+             {"element", std::to_string(type.elementObjectType)},
+             {"name", std::to_string(m_namesSize)},
+             {"first", std::to_string(m_fieldCount)},
+             {"hash", std::to_string(type.fields.empty() ? 0 : m_hashes.size())},
+             {"mask", std::to_string(type.hashes.size() - 1)},
+             {"count", std::to_string(type.fields.size())},
+             {"inherited", std::to_string(type.inheritedFields)},
+             {"slots", std::to_string(type.slots)},
+             {"arrays", std::to_string(type.arrays)},
              {"base", base},
              {"kind", kindOf(type.kind)},
              {"abstract", type.isAbstract ? "true" : "false"},
@@ -87,47 +65,48 @@ private:
         m_names.print("\"$prefix$$name$\\0\"\n", {{"prefix", kPrefix}, {"name", type.name}});
         m_namesSize += kPrefix.size() + type.name.size() + 1;
         printFields(type);
-        if (type.fields.empty()) return;
-        for (const std::size_t entry : table)
-            m_hashes.push_back(number(entry) + ",");
+        if (!type.fields.empty()) {
+            m_hashes.insert(m_hashes.end(), type.hashes.begin(), type.hashes.end());
+        }
     }
 
     void printFields(const Type& type) {
         for (const Field& field : type.fields) {
             m_fields.print("{$crc$, $type$, $place$, FieldKind::$kind$}, // $text$\n",
                            {{"crc", hex(field.identity)},
-                            {"type", decimal(field.objectType)},
-                            {"place", number(field.place)},
-                            {"kind", kindOf(field.kind)},
+                            {"type", std::to_string(field.objectType)},
+                            {"place", std::to_string(field.place)},
+                            {"kind", rowOf(field.kind).tarnName},
                             {"text", type.name + '.' + field.name}});
         }
         m_fieldCount += type.fields.size();
     }
 
     std::map<const Type*, std::size_t> m_positions;
-    std::vector<std::int32_t> m_identities;
     Printer m_types;
     Printer m_fields;
     Printer m_names;
     std::size_t m_namesSize = 0;
     std::size_t m_fieldCount = 0;
-    std::vector<std::string> m_hashes{"0,"};
+    std::vector<std::size_t> m_hashes{0};  // the table of all types without fields
 };
 
 }  // namespace
 
 void emitTarnTypes(const Schema& schema, Files& files) {
     const Tables tables(schema);
-    Printer printer;
+    UnitFrame unit(files, "tarn/TARNTypes_gen_.cpp", schema.files.front(), {"tarn/TypeTable.h"},
+                   tarnCheck);
+    Printer& printer = unit.content();
     printer.print(R"(
-$made$
-$internal$
 
 #if defined(__GNUC__)
 #pragma GCC diagnostic ignored "-Woverlength-strings"
 #endif
 
-namespace tarn {
+)");
+    const NamespaceScope scope(printer, "tarn");
+    printer.print(R"(
 
 static_assert(typeIndexBits == $bits$, "run korva-schemac again");
 
@@ -152,17 +131,13 @@ constinit const char typeNames[] =
     $names$
     ;
 
-} // namespace tarn
 )",
-                  {{"made", madeFrom(schema.files.front())},
-                   {"internal", internalIncludes({"tarn/TypeTable.h"})},
-                   {"bits", number(kIndexBits)},
+                  {{"bits", std::to_string(schema.typeIndex.bits)},
                    {"types", tables.types()},
-                   {"index", tables.index()},
+                   {"index", numbers(schema.typeIndex.starts, kRowIndent)},
                    {"fields", tables.fields()},
                    {"hashes", tables.hashes()},
                    {"names", tables.names()}});
-    files.add("tarn/TARNTypes_gen_.cpp", printer.take());
 }
 
 }  // namespace korva::schemac::emit

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <bit>
 
 namespace korva::schemac::emit {
 
@@ -94,8 +93,8 @@ std::string hex(std::int32_t identity) {
     return model::hexOf(identity) + "U";
 }
 
-std::string decimal(std::int64_t number) {
-    return std::to_string(number);
+std::string enumeratorValue(std::int32_t identity) {
+    return "int(" + hex(identity) + ")";
 }
 
 std::string objectType(const model::TypeReference& reference) {
@@ -116,28 +115,12 @@ std::string filled(const std::vector<std::string>& items, std::size_t indent) {
     return out;
 }
 
-std::string topBitsIndex(const std::vector<std::int32_t>& identities, unsigned bits) {
-    std::vector<std::size_t> runs((std::size_t{1} << bits) + 1);
-    for (const std::int32_t identity : identities)
-        ++runs[(static_cast<std::uint32_t>(identity) >> (32 - bits)) + 1];
+std::string numbers(const std::vector<std::size_t>& values, std::size_t indent) {
     std::vector<std::string> items;
-    std::size_t before = 0;
-    for (const std::size_t run : runs) {
-        before += run;
-        items.push_back(std::to_string(before) + ",");
-    }
-    return filled(items, 4);
-}
-
-std::vector<std::size_t> hashTable(const std::vector<model::Field>& fields) {
-    std::vector<std::size_t> entries(std::bit_ceil(2 * fields.size() + 1));
-    for (std::size_t position = 0; position < fields.size(); ++position) {
-        std::size_t i = static_cast<std::uint32_t>(fields[position].identity);
-        while (entries[i % entries.size()] != 0)
-            ++i;
-        entries[i % entries.size()] = position + 1;
-    }
-    return entries;
+    items.reserve(values.size());
+    for (const std::size_t value : values)
+        items.push_back(std::to_string(value) + ",");
+    return filled(items, indent);
 }
 
 std::string internalIncludes(const std::vector<std::string_view>& paths) {

@@ -29,8 +29,8 @@ std::string literal(std::string_view text);
 /// "0x5A3811FBU".
 std::string hex(std::int32_t identity);
 
-/// "-5" and the like; std::to_string under a shorter name.
-std::string decimal(std::int64_t number);
+/// "int(0x5A3811FBU)", for an enumerator: an int cannot hold the upper half of the numbers as such.
+std::string enumeratorValue(std::int32_t identity);
 
 /// "KORVASchemaTypeI::eKORVASchedule" or "KORVASchemaTypeI::eString".
 std::string objectType(const model::TypeReference& reference);
@@ -38,14 +38,8 @@ std::string objectType(const model::TypeReference& reference);
 /// `items` separated by blanks, as lines that fit into 100 columns at this indentation.
 std::string filled(const std::vector<std::string>& items, std::size_t indent);
 
-/// The rows of an index over identities in ascending order: for each value of their top `bits`, the
-/// first position, and behind them the end.
-std::string topBitsIndex(const std::vector<std::int32_t>& identities, unsigned bits);
-
-/// A hash table of the fields: a power of two of entries, more than half of them free. A field
-/// stands at the lowest bits of the CRC of its name, or at the next entry that is free, the first
-/// one being next to the last. An entry is the field's position plus one; 0 is free.
-std::vector<std::size_t> hashTable(const std::vector<model::Field>& fields);
+/// The numbers of a table, each with a comma behind it, as `filled` lays them out.
+std::string numbers(const std::vector<std::size_t>& values, std::size_t indent);
 
 /// `#include "path"` lines, in the order given.
 std::string internalIncludes(const std::vector<std::string_view>& paths);

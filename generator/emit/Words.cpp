@@ -1,5 +1,5 @@
 #include "generator/emit/Emit.h"
-#include "generator/emit/Printer.h"
+#include "generator/emit/Frame.h"
 #include "generator/emit/Text.h"
 
 #include <vector>
@@ -10,7 +10,7 @@ using namespace model;
 
 namespace {
 
-constexpr unsigned kIndexBits = 12;
+constexpr std::size_t kRowIndent = 4;
 constexpr std::size_t kBeforeText = 5;  // the CRC and the mark
 
 std::string crcBytes(std::int32_t identity) {
@@ -31,68 +31,69 @@ std::string withEnd(std::string_view text) {
     return out;
 }
 
+void printTexts(Printer& printer, const Schema& schema) {
+    printer.print(R"(
+// The CRC of a text, the mark, the text and its end.
+constinit const char symbolTexts[] =
+)");
+    for (const TableWord& word : schema.words) {
+        printer.print("    \"$crc$\\xff\" $text$\n",
+                      {{"crc", crcBytes(word.identity)}, {"text", withEnd(word.text)}});
+    }
+    printer.print(
+        "    ;\n\nconstinit const std::size_t symbolTextsSize = sizeof symbolTexts - 1;\n\n");
+}
+
+void printCrcs(Printer& printer, const Schema& schema) {
+    std::vector<std::string> crcs;
+    for (const TableWord& word : schema.words)
+        crcs.push_back(hex(word.identity) + ",");
+    const TableScope table(printer, "constinit const std::uint32_t symbolCrcs");
+    printer.print("    $crcs$\n", {{"crcs", filled(crcs, kRowIndent)}});
+}
+
+void printOffsets(Printer& printer, const Schema& schema) {
+    std::vector<std::size_t> offsets;
+    std::size_t size = 0;
+    for (const TableWord& word : schema.words) {
+        offsets.push_back(size + kBeforeText);
+        size += kBeforeText + word.text.size() + 1;
+    }
+    const TableScope table(printer, "constinit const std::uint32_t symbolOffsets");
+    printer.print("    $offsets$\n", {{"offsets", numbers(offsets, kRowIndent)}});
+}
+
 }  // namespace
 
 void emitWords(const Schema& schema, Files& files) {
-    std::vector<std::string> crcs;
-    std::vector<std::string> offsets;
-    std::vector<std::int32_t> identities;
-    std::size_t size = 0;
-    Printer texts;
-    for (const TableWord& word : schema.words) {
-        crcs.push_back(hex(word.identity) + ",");
-        offsets.push_back(decimal(static_cast<std::int64_t>(size + kBeforeText)) + ",");
-        identities.push_back(word.identity);
-        size += kBeforeText + word.text.size() + 1;
-        texts.print("\"$crc$\\xff\" $text$\n",
-                    {{"crc", crcBytes(word.identity)}, {"text", withEnd(word.text)}});
-    }
-
-    Printer printer;
+    UnitFrame unit(files, "tarn/tarnsymbols1_gen_.cpp", schema.files.front(),
+                   {"tarn/SymbolTable.h"}, tarnCheck);
+    Printer& printer = unit.content();
     printer.print(R"(
-$made$
-$internal$
 
 #if defined(__GNUC__)
 #pragma GCC diagnostic ignored "-Woverlength-strings"
 #endif
 
-namespace tarn {
+)");
+    const NamespaceScope scope(printer, "tarn");
+    printer.print(R"(
 
 static_assert(symbolIndexBits == $bits$ && symbolMark == 0xFF, "run korva-schemac again");
 
-// The CRC of a text, the mark, the text and its end.
-constinit const char symbolTexts[] =
-    $texts$
-    ;
-
-constinit const std::size_t symbolTextsSize = sizeof symbolTexts - 1;
-
-constinit const std::uint32_t symbolCrcs[] = {
-    $crcs$
-};
-
-constinit const std::uint32_t symbolOffsets[] = {
-    $offsets$
-};
-
-constinit const std::size_t symbolCount = $count$;
-
-constinit const std::uint16_t symbolIndex[] = {
-    $index$
-};
-
-} // namespace tarn
 )",
-                  {{"made", madeFrom(schema.files.front())},
-                   {"internal", internalIncludes({"tarn/SymbolTable.h"})},
-                   {"bits", decimal(kIndexBits)},
-                   {"texts", texts.text()},
-                   {"crcs", filled(crcs, 4)},
-                   {"offsets", filled(offsets, 4)},
-                   {"count", decimal(static_cast<std::int64_t>(schema.words.size()))},
-                   {"index", topBitsIndex(identities, kIndexBits)}});
-    files.add("tarn/tarnsymbols1_gen_.cpp", printer.take());
+                  {{"bits", std::to_string(schema.wordIndex.bits)}});
+    printTexts(printer, schema);
+    printCrcs(printer, schema);
+    printer.blankLine();
+    printOffsets(printer, schema);
+    printer.print("\n\nconstinit const std::size_t symbolCount = $count$;\n\n",
+                  {{"count", std::to_string(schema.words.size())}});
+    {
+        const TableScope table(printer, "constinit const std::uint16_t symbolIndex");
+        printer.print("    $index$\n", {{"index", numbers(schema.wordIndex.starts, kRowIndent)}});
+    }
+    printer.blankLine();
 }
 
 }  // namespace korva::schemac::emit

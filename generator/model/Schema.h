@@ -8,6 +8,7 @@
 #include <deque>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -122,6 +123,10 @@ struct Type {
     std::size_t slots = 0;   ///< fields of an object that are no arrays, inherited ones included
     std::size_t arrays = 0;  ///< its other fields
     unsigned unit = 0;       ///< 1-based, of the family's units
+    /// A hash table of the own fields: a field stands at the lowest bits of the CRC of its name, or
+    /// at the next entry that is free, the first one being next to the last. An entry is the
+    /// field's position plus one; 0 is free.
+    std::vector<std::size_t> hashes;
     FieldKind elementKind = FieldKind::Object;  ///< arrays only
     std::int32_t elementObjectType = 0;         ///< arrays only
     /// "schedule[]" when this is the array that stands for its element type, else empty.
@@ -171,6 +176,14 @@ struct Operation {
     std::string action;
 };
 
+/// One entry of a port type's map from operation to messages.
+struct OperationRow {
+    std::string name;
+    std::string requestClass;
+    std::string replyClass;
+    std::string action;
+};
+
 /// One entry of a port type's map from operation and parameter to a type.
 struct OperationParam {
     std::string key;  ///< "run-options"
@@ -187,8 +200,10 @@ struct PortType {
     // Decided by "names" and "operations".
     std::string className;  ///< "KORVADispatcherPortType"
     std::string boundNamespace;
-    unsigned unit = 0;                   ///< 1-based, of the port types' units
-    std::vector<const Operation*> rows;  ///< by name, versions of one name in table order
+    unsigned unit = 0;  ///< 1-based, of the port types' units
+    /// The pair of messages without name and parameters, which binds to the empty name; then by
+    /// name, versions of one name in table order.
+    std::vector<OperationRow> rows;
     std::vector<OperationParam> params;  ///< by key, each once: the first version's type holds
 };
 
@@ -205,6 +220,13 @@ struct Binding {
     std::string name;
     QName portType;
     std::vector<BindingOperation> operations;
+};
+
+/// Where to look in a list that is sorted by unsigned identity.
+struct TopBitsIndex {
+    unsigned bits = 0;
+    /// For each value of an identity's top `bits` the first position, and behind them the end.
+    std::vector<std::size_t> starts;
 };
 
 /// A text of the word table.
@@ -225,6 +247,9 @@ struct Schema {
     std::vector<Binding> bindings;
     std::vector<QName> headerMessages;  ///< messages that only a soap:header refers to
 
+    /// The classes that stand beside the generated ones, so that no item may be called thus.
+    std::set<std::string, std::less<>> handWritten;
+
     // Decided by the passes.
     std::map<std::string, Type*, std::less<>> typesByName;
     std::vector<const Type*> byName;      ///< all types, by the bytes of their names
@@ -238,6 +263,8 @@ struct Schema {
     std::vector<const Message*> messagesByName;
     std::vector<const Message*> messagesByIdentity;  ///< by signed identity
     std::vector<TableWord> words;                    ///< by unsigned identity, each text once
+    TopBitsIndex typeIndex;                          ///< of byIdentity
+    TopBitsIndex wordIndex;                          ///< of words
 
     /// The file that stands for all messages, or all port types, in what is made from them.
     const std::string& messagesFile() const;

@@ -15,31 +15,6 @@ constexpr std::string_view kClassPrefix = "KORVA";
 constexpr std::string_view kEnumeratorPrefix = "eKORVA";
 constexpr std::string_view kPortTypeSuffix = "PortType";
 
-// Written by hand beside the generated classes, so that no type may be called thus.
-constexpr std::array<std::string_view, 21> kTakenClasses = {
-    "KORVAChildIndex",
-    "KORVAException",
-    "KORVAExport",
-    "KORVAMessageFactory",
-    "KORVAMessageI",
-    "KORVAMessageParam",
-    "KORVAObjectRegistry",
-    "KORVAObjectRegistryFactory",
-    "KORVAObjectRegistryI",
-    "KORVAPortTypeBinding",
-    "KORVAPortTypeI",
-    "KORVASOAPFault",
-    "KORVASchemaTypeArrayI",
-    "KORVASchemaTypeI",
-    "KORVASchemaTypesFactory",
-    "KORVAUndocumentedFaultDetail",
-    "KORVAUndocumentedFaultDetailArray",
-    "KORVAUnknownSchemaType",
-    "KORVAXSBase64Binary",
-    "KORVAXSBase64Compressed",
-    "KORVAZELMessage",
-};
-
 // Accessor stems whose getter every schema object, or every message, has already.
 constexpr std::array<std::string_view, 7> kTakenStems = {
     "ChildObject",         "ChildObjectCount", "ChildObjectNames", "ChildType",
@@ -128,7 +103,7 @@ public:
 
 private:
     void takeClassName(const std::string& className, const Location& at, const std::string& owner) {
-        if (contains(kTakenClasses, className)) {
+        if (m_schema.handWritten.contains(className)) {
             m_diagnostics.error(at, owner, "the class " + className + " is written by hand",
                                 "another name");
             return;

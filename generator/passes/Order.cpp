@@ -9,10 +9,6 @@ using namespace model;
 
 namespace {
 
-std::uint32_t unsignedIdentity(std::int32_t identity) {
-    return static_cast<std::uint32_t>(identity);
-}
-
 // What an item costs to compile beside its fields, in fields.
 constexpr std::size_t kFixedCost = 4;
 
@@ -100,16 +96,32 @@ void orderMessages(Schema& schema) {
         [](const Message* left, const Message* right) { return left->identity < right->identity; });
 }
 
+// The messages without name and parameters, which are written by hand.
+constexpr const char* kNullRequest = "KORVA_Null_Request";
+constexpr const char* kNullReply = "KORVA_Null_Reply";
+
+std::vector<OperationRow> rowsOf(const PortType& portType) {
+    std::vector<OperationRow> rows;
+    for (const Operation& operation : portType.operations) {
+        if (operation.request == nullptr || operation.reply == nullptr) continue;
+        rows.push_back({operation.name, operation.request->className, operation.reply->className,
+                        operation.action});
+    }
+    // Without a name of its own, a call goes where the first operation of the table goes.
+    if (!rows.empty()) {
+        rows.insert(rows.begin(), {"", kNullRequest, kNullReply, rows.front().action});
+    }
+    std::stable_sort(
+        rows.begin(), rows.end(),
+        [](const OperationRow& left, const OperationRow& right) { return left.name < right.name; });
+    return rows;
+}
+
 void orderPortTypes(Schema& schema) {
     Spread<kPortTypeUnits> units;
     for (PortType& portType : schema.portTypes) {
         portType.unit = units.take(portType.operations.size());
-        for (const Operation& operation : portType.operations) {
-            portType.rows.push_back(&operation);
-        }
-        std::stable_sort(
-            portType.rows.begin(), portType.rows.end(),
-            [](const Operation* left, const Operation* right) { return left->name < right->name; });
+        portType.rows = rowsOf(portType);
         std::sort(portType.params.begin(), portType.params.end(),
                   [](const OperationParam& left, const OperationParam& right) {
                       return left.key < right.key;

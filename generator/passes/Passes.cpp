@@ -13,6 +13,7 @@ void runPasses(model::Schema& schema, Diagnostics& diagnostics) {
     passes::decideIdentities(schema, diagnostics);
     passes::joinOperations(schema, diagnostics);
     passes::decideOrder(schema);
+    passes::decideTables(schema);
 }
 
 namespace passes {

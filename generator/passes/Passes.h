@@ -40,8 +40,16 @@ void joinOperations(model::Schema& schema, Diagnostics& diagnostics);
 /// The order in which each family is written, the unit of each item, and the place of each field.
 void decideOrder(model::Schema& schema);
 
+/// The hash tables of the fields, and the indexes of what is looked up by its identity.
+void decideTables(model::Schema& schema);
+
 /// The CRC-32 of a name as the signed number that identifies it.
 std::int32_t identityOf(std::string_view name);
+
+/// An identity as tables are sorted by it.
+constexpr std::uint32_t unsignedIdentity(std::int32_t identity) {
+    return static_cast<std::uint32_t>(identity);
+}
 
 /// `text` with its first letter raised, as in the name of a class or an accessor.
 std::string raised(std::string_view text);

@@ -2,6 +2,8 @@
 // pointers, so that loading the library costs nothing for them.
 #pragma once
 
+#include "tarn/TableVersion.h"
+
 #include <tarn/TARNSchemaTypeI.h>
 
 #include <cstddef>

@@ -4,17 +4,16 @@
 
 DefaultAttachmentContainer::DefaultAttachmentContainer() = default;
 
-// clang-format off
-DefaultAttachmentContainer::DefaultAttachmentContainer(const DefaultAttachmentContainer&) // NOLINT
+DefaultAttachmentContainer::DefaultAttachmentContainer(const DefaultAttachmentContainer&)
     : KORVA_AttachmentContainerI() {
     ZEL_ASSERT_NAMED(false, "DefaultAttachmentContainer::DefaultAttachmentContainer - not supported.");
 }
 
-DefaultAttachmentContainer& DefaultAttachmentContainer::operator=(const DefaultAttachmentContainer&) { // NOLINT
+DefaultAttachmentContainer& DefaultAttachmentContainer::operator=(
+    const DefaultAttachmentContainer&) {
     ZEL_ASSERT_NAMED(false, "DefaultAttachmentContainer::operator= - not supported.");
     return *this;
 }
-// clang-format on
 
 DefaultAttachmentContainer::~DefaultAttachmentContainer() = default;
 

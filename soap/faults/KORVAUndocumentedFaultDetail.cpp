@@ -134,9 +134,7 @@ std::size_t KORVAUndocumentedFaultDetail::setChildObject(const char* name, void*
 }
 
 void KORVAUndocumentedFaultDetail::getChildObjectNames(std::vector<const char*>&, bool) const {
-    // clang-format off
     ZEL_ASSERT_NAMED(false, "Unsupported.  KORVAUndocumentedFaultDetail objects are serialized in doc/literal style.");
-    // clang-format on
 }
 
 bool KORVAUndocumentedFaultDetail::isa(ObjectType type) const {

@@ -39,9 +39,7 @@ const std::string& KORVAUndocumentedFaultDetailArray::getGeneratedObjectName() c
 }
 
 void KORVAUndocumentedFaultDetailArray::getChildObjectNames(std::vector<const char*>&, bool) const {
-    // clang-format off
     ZEL_ASSERT_NAMED(false, "Unsupported.  KORVAUndocumentedFaultDetailArray objects are serialized in doc/literal style.");
-    // clang-format on
 }
 
 bool KORVAUndocumentedFaultDetailArray::operator==(const KORVASchemaTypeI& other) const {

@@ -7,12 +7,14 @@
 #include <korva/KORVAAsynchOptionSearchPathSingleObjectArray.h>
 #include <korva/KORVAAsynchRun_Request.h>
 #include <korva/KORVABase64BinaryProp.h>
+#include <korva/KORVAConversationContext.h>
 #include <korva/KORVADateTimeProp.h>
 #include <korva/KORVAGuid.h>
 #include <korva/KORVAGuidProp.h>
 #include <korva/KORVAHalyardHeader.h>
 #include <korva/KORVAMapGetMapPreview_Reply.h>
 #include <korva/KORVAProvider.h>
+#include <korva/KORVAProviderArray.h>
 #include <korva/KORVARS_testDataSourceConnection_2_Request.h>
 #include <korva/KORVASearchPathSingleObject.h>
 #include <korva/KORVASearchPathSingleObjectArray.h>
@@ -20,6 +22,7 @@
 #include <korva/KORVAStringArray.h>
 #include <korva/KORVAStringArrayProp.h>
 #include <korva/KORVAStringProp.h>
+#include <korva/KORVATracking.h>
 #include <korva/KORVAUserPreferenceVar.h>
 #include <korva/KORVAUserPreferenceVarArray.h>
 #include <korva/KORVAVelmoraTabulonPortType.h>
@@ -182,6 +185,14 @@ TEST(ReferenceReading, AFieldOfAnObjectInAnArrayIsFilled) {
 TEST(ReferenceReading, AReferenceOnAnObjectFillsNothing) {
     ReferringDocument document("bus:tracking", "<conversationContext href=\"cid:7\"/>");
     resolve(document, "content");
+    const auto& tracking = document.as<KORVATracking>();
+    ASSERT_NE(tracking.getConversationContext(), nullptr);
+    EXPECT_TRUE(*tracking.getConversationContext() == KORVAConversationContext());
+    EXPECT_EQ(tracking.getHopCount(), nullptr);
+    EXPECT_EQ(tracking.getProviders().size(), 0u);
+    EXPECT_EQ(tracking.getRequestContext(), nullptr);
+    EXPECT_EQ(tracking.getSessionContext(), nullptr);
+    EXPECT_EQ(tracking.getStepContext(), nullptr);
 }
 
 TEST(ReferenceReading, AReferenceOnANumberIsIgnored) {

@@ -1,8 +1,8 @@
 // The bridges with each allocation failing in turn.
 #include "tests/bridges/Conversions.h"
-#include "tests/faults/SampleFaults.h"
 #include "tests/support/ForEachFailingAllocation.h"
 #include "tests/support/Registry.h"
+#include "tests/support/SampleFaults.h"
 
 #include <korva/KORVABase64BinaryProp.h>
 #include <korva/KORVADOMObjectDeserializerFactory.h>

@@ -1,6 +1,6 @@
 // Objects nested far deeper than a stack could follow, over each bridge.
 #include "tests/bridges/Conversions.h"
-#include "tests/roundtrip/Comparison.h"
+#include "tests/support/Comparison.h"
 #include "tests/support/Registry.h"
 
 #include <korva/KORVAHierarchicalParmValueItem.h>

@@ -1,7 +1,7 @@
 // Faults between the two models: each model has its own place for details of either shape.
 #include "tests/bridges/Conversions.h"
-#include "tests/faults/SampleFaults.h"
 #include "tests/support/Registry.h"
+#include "tests/support/SampleFaults.h"
 #include "tests/tarn/TarnObjects.h"
 
 #include <korva/KORVAFaultDetailArray.h>

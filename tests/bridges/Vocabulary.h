@@ -1,8 +1,8 @@
 /// Objects of all types of the schema at random.
 #pragma once
 
-#include "tests/roundtrip/RandomValues.h"
 #include "tests/support/ObjectFiller.h"
+#include "tests/support/RandomValues.h"
 #include "tests/support/Registry.h"
 #include "tests/support/SchemaScan.h"
 

@@ -2,7 +2,7 @@
 #include "tests/bridges/EventRecorder.h"
 #include "tests/bridges/SameContent.h"
 #include "tests/bridges/Vocabulary.h"
-#include "tests/roundtrip/Comparison.h"
+#include "tests/support/Comparison.h"
 
 #include <gtest/gtest.h>
 

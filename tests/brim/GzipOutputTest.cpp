@@ -146,7 +146,7 @@ TEST(GzipOutput, MissingMemoryIsToldByTheConstructorAlone) {
     EXPECT_EQ(korva::test::liveAllocations(), live);
 }
 
-TEST(Gzip, CountsWhatCameInAndWhatWentOut) {
+TEST(GzipCounting, CountsWhatCameInAndWhatWentOut) {
     const std::string text = sample(100000);
     const std::string first = compressed(text, 1000);
     const std::string data = first + compressed("second", 6);
@@ -170,7 +170,7 @@ TEST(Gzip, CountsWhatCameInAndWhatWentOut) {
     }
 }
 
-TEST(Gzip, TellsWhatExpandsFar) {
+TEST(GzipCounting, TellsWhatExpandsFar) {
     constexpr std::size_t megabyte = 1U << 20U;
     std::string data;
     const std::string member = compressed(std::string(megabyte, '\0'), megabyte);

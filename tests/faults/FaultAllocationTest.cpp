@@ -1,8 +1,8 @@
 // Faults with each allocation failing in turn.
 #include "tests/faults/FaultReading.h"
-#include "tests/faults/SampleFaults.h"
 #include "tests/support/AllocationFailure.h"
 #include "tests/support/ForEachFailingAllocation.h"
+#include "tests/support/SampleFaults.h"
 
 #include <korva/KORVASOAPFaultSerializer.h>
 #include <korva/KORVASOAPFaultSerializerFactory.h>

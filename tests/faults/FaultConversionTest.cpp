@@ -1,6 +1,6 @@
 // Faults converted from one shape of details to the other.
-#include "tests/faults/SampleFaults.h"
 #include "tests/support/ExpectThrow.h"
+#include "tests/support/SampleFaults.h"
 
 #include <korva/KORVAFaultDetailArray.h>
 #include <korva/KORVAFaultDetailMessage.h>

@@ -1,8 +1,8 @@
 // The exception that carries a fault.
-#include "tests/faults/SampleFaults.h"
 #include "tests/support/AllocationFailure.h"
 #include "tests/support/ExpectThrow.h"
 #include "tests/support/ForEachFailingAllocation.h"
+#include "tests/support/SampleFaults.h"
 
 #include <korva/KORVAObjectRegistry.h>
 #include <korva/KORVASOAPFaultException.h>

@@ -1,6 +1,6 @@
 // Envelopes of faults, byte for byte as the files of tests/data/envelopes have them.
-#include "tests/faults/SampleFaults.h"
 #include "tests/support/Golden.h"
+#include "tests/support/SampleFaults.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
 // Faults as they arrive: frame, children, documented and undocumented details, failures.
 #include "tests/attachments/ScriptedReader.h"
 #include "tests/faults/FaultReading.h"
-#include "tests/faults/SampleFaults.h"
 #include "tests/support/ExpectThrow.h"
 #include "tests/support/Golden.h"
+#include "tests/support/SampleFaults.h"
 
 #include <korva/KORVAAsynchRun_Reply.h>
 #include <korva/KORVAFaultDetailArray.h>

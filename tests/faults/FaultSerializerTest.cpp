@@ -1,6 +1,6 @@
 // What a fault looks like on the wire, rule by rule. Whole envelopes: FaultGoldenTest.
-#include "tests/faults/SampleFaults.h"
 #include "tests/support/ExpectThrow.h"
+#include "tests/support/SampleFaults.h"
 
 #include <korva/KORVAFaultDetailArray.h>
 #include <korva/KORVAMessage.h>

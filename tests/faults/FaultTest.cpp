@@ -1,6 +1,6 @@
 // The fault as an object of the model: fields, children by name, comparison, copies.
-#include "tests/faults/SampleFaults.h"
 #include "tests/support/ExpectThrow.h"
+#include "tests/support/SampleFaults.h"
 #include "tests/support/TextBuffer.h"
 
 #include <korva/KORVAFaultDetailArray.h>

@@ -1,6 +1,6 @@
 // Undocumented details and their array as objects of the model.
-#include "tests/faults/SampleFaults.h"
 #include "tests/support/ExpectThrow.h"
+#include "tests/support/SampleFaults.h"
 #include "tests/support/TextBuffer.h"
 
 #include <korva/KORVAChildIndex.h>

@@ -31,8 +31,9 @@ Outcome runWith(const std::vector<std::string>& arguments) {
 }
 
 std::vector<std::string> sampleArguments(const std::vector<std::string>& more) {
-    std::vector<std::string> out = {"--schema", testFile("sample/sample.xsd"), "--wsdl",
-                                    testFile("sample/service.wsdl")};
+    std::vector<std::string> out = {"--schema",       testFile("sample/sample.xsd"),
+                                    "--wsdl",         testFile("sample/service.wsdl"),
+                                    "--hand-written", KORVA_TEST_HAND_WRITTEN};
     out.insert(out.end(), more.begin(), more.end());
     return out;
 }
@@ -105,10 +106,20 @@ TEST_F(CompilerRun, TellsWhenAFileCannotBeWritten) {
 
 TEST_F(CompilerRun, TellsWhenASchemaCannotBeRead) {
     const std::string missing = testFile("sample/nowhere.xsd");
-    const Outcome outcome = runWith({"--schema", missing, "--out", out});
+    const Outcome outcome = runWith({"--schema", missing, "--docs", out});
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.errors,
               missing + ":0: error: file: it cannot be read; expected an existing file\n");
+}
+
+TEST_F(CompilerRun, TellsWhenTheListOfHandWrittenHeadersCannotBeRead) {
+    const std::string missing = testFile("sample/nowhere.txt");
+    const Outcome outcome = runWith(
+        {"--schema", testFile("sample/sample.xsd"), "--hand-written", missing, "--out", out});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.errors,
+              missing + ":0: error: file: it cannot be read; expected an existing file\n");
+    EXPECT_FALSE(fs::exists(out));
 }
 
 TEST_F(CompilerRun, OpensNoExternalEntity) {
@@ -149,7 +160,9 @@ TEST(CommandLine, IsRefusedWithTheUsage) {
         {"--schema"},
         {"--schema", "x.xsd"},
         {"--schema", "x.xsd", "--out"},
-        {"--schema", "x.xsd", "--out", "y", "--quiet"},
+        {"--schema", "x.xsd", "--out", "y"},
+        {"--schema", "x.xsd", "--out", "y", "--hand-written"},
+        {"--schema", "x.xsd", "--out", "y", "--hand-written", "z", "--quiet"},
         {"x.xsd"},
     };
     for (const auto& arguments : wrong) {

@@ -6,6 +6,7 @@
 #include <zlib.h>
 
 #include <algorithm>
+#include <bit>
 #include <set>
 
 namespace korva::schemac {
@@ -197,12 +198,60 @@ TEST_F(Decisions, LeaveAMessageOfHeadersOut) {
 TEST_F(Decisions, JoinOverloadsByTheNamesOfTheirInputs) {
     const PortType& portType = vocabulary.schema.portTypes.at(0);
     EXPECT_EQ(portType.boundNamespace, "http://bus.korva.example/schemas/service/1");
-    ASSERT_EQ(portType.rows.size(), 3U);
-    EXPECT_EQ(portType.rows[0]->name, "add");
-    EXPECT_EQ(portType.rows[1]->request->name, "query_1_Request");
-    EXPECT_EQ(portType.rows[1]->action, "http://bus.korva.example/service/.session");
-    EXPECT_EQ(portType.rows[2]->request->name, "CMS_query_2_Request");
-    EXPECT_EQ(portType.rows[2]->action, "http://bus.korva.example/service/");
+    ASSERT_EQ(portType.rows.size(), 4U);
+    EXPECT_EQ(portType.rows[1].name, "add");
+    EXPECT_EQ(portType.rows[2].requestClass, "KORVAQuery_1_Request");
+    EXPECT_EQ(portType.rows[2].replyClass, "KORVAQuery_1_Reply");
+    EXPECT_EQ(portType.rows[2].action, "http://bus.korva.example/service/.session");
+    EXPECT_EQ(portType.rows[3].requestClass, "KORVACMS_query_2_Request");
+    EXPECT_EQ(portType.rows[3].action, "http://bus.korva.example/service/");
+}
+
+TEST_F(Decisions, BindTheMessagesWithoutNameToTheActionOfTheFirstOperation) {
+    const PortType& portType = vocabulary.schema.portTypes.at(0);
+    const OperationRow& row = portType.rows.at(0);
+    EXPECT_EQ(row.name, "");
+    EXPECT_EQ(row.requestClass, "KORVA_Null_Request");
+    EXPECT_EQ(row.replyClass, "KORVA_Null_Reply");
+    EXPECT_EQ(row.action, portType.operations.front().action);
+}
+
+TEST_F(Decisions, FindEachFieldByTheLowestBitsOfItsCrc) {
+    for (const Type* type : vocabulary.schema.byName) {
+        const std::vector<std::size_t>& table = type->hashes;
+        EXPECT_TRUE(std::has_single_bit(table.size())) << type->name;
+        EXPECT_GT(table.size(), 2 * type->fields.size()) << type->name;
+        for (std::size_t position = 0; position < type->fields.size(); ++position) {
+            std::size_t i = static_cast<std::uint32_t>(type->fields[position].identity);
+            while (table[i % table.size()] != position + 1) {
+                ASSERT_NE(table[i % table.size()], 0U) << type->fields[position].name;
+                ++i;
+            }
+        }
+    }
+}
+
+template <class Item>
+void expectIndexed(const TopBitsIndex& index, const std::vector<Item>& items,
+                   std::int32_t (*identity)(const Item&)) {
+    ASSERT_EQ(index.starts.size(), (std::size_t{1} << index.bits) + 1);
+    EXPECT_EQ(index.starts.front(), 0U);
+    EXPECT_EQ(index.starts.back(), items.size());
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        const std::size_t top = static_cast<std::uint32_t>(identity(items[i])) >> (32 - index.bits);
+        EXPECT_LE(index.starts[top], i);
+        EXPECT_LT(i, index.starts[top + 1]);
+    }
+}
+
+TEST_F(Decisions, IndexTypesAndWordsByTheTopBitsOfTheirIdentities) {
+    const Schema& schema = vocabulary.schema;
+    EXPECT_EQ(schema.typeIndex.bits, 10U);
+    EXPECT_EQ(schema.wordIndex.bits, 12U);
+    expectIndexed<const Type*>(schema.typeIndex, schema.byIdentity,
+                               [](const Type* const& type) { return type->identity; });
+    expectIndexed<TableWord>(schema.wordIndex, schema.words,
+                             [](const TableWord& word) { return word.identity; });
 }
 
 TEST_F(Decisions, GiveAParameterOfOverloadsTheTypeOfTheFirst) {

@@ -12,7 +12,7 @@
 namespace korva::schemac {
 
 std::string testFile(const std::string& name) {
-    return KORVA_GENERATOR_TEST_DIR "/" + name;
+    return KORVA_TEST_SOURCE_DIR "/tests/generator/" + name;
 }
 
 std::string contentOf(const std::string& path) {

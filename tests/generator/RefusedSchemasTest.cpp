@@ -37,7 +37,8 @@ Outcome compile(const std::string& file, const std::string& outDirectory) {
     if (file.ends_with(".wsdl")) {
         arguments.insert(arguments.end(), {directory + "included/base.xsd", "--wsdl"});
     }
-    arguments.insert(arguments.end(), {directory + file, "--out", outDirectory});
+    arguments.insert(arguments.end(), {directory + file, "--hand-written", KORVA_TEST_HAND_WRITTEN,
+                                       "--out", outDirectory});
     std::ostringstream output;
     std::ostringstream errors;
     Outcome outcome;

@@ -29,7 +29,7 @@ const Row rows[] = {
     {14, "faultactor"},
     {15, "detail"},
     {16, "http://schemas.xmlsoap.org/soap/envelope/"},
-    {17, KORVA_BUS_AUTHORITY "/schemas/halyardns/3/"},
+    {17, KORVA_TEST_AUTHORITY "/schemas/halyardns/3/"},
     {18, "KORVA"},
     {19, "true"},
     {20, "false"},

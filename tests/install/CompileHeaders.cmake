@@ -1,22 +1,34 @@
-# Compiles each installed header by itself, twice over, with all warnings; of SHARDS equal parts of them
-# the one numbered SHARD.
+# Compiles all installed headers in one unit, or, with ALONE, each by itself and twice over; with all
+# warnings. With SHARDS only one of as many equal parts of them, the one numbered SHARD.
 file(GLOB_RECURSE headers RELATIVE "${PREFIX}/include" "${PREFIX}/include/*.h")
 list(SORT headers)
 list(LENGTH headers count)
 if(count EQUAL 0)
     message(FATAL_ERROR "No header is installed in ${PREFIX}/include.")
 endif()
+if(NOT SHARDS)
+    set(SHARD 1)
+    set(SHARDS 1)
+endif()
 
 set(units "")
+set(all "")
 math(EXPR first "${SHARD} - 1")
 math(EXPR last "${count} - 1")
 foreach(index RANGE ${first} ${last} ${SHARDS})
     list(GET headers ${index} header)
-    string(MAKE_C_IDENTIFIER "${header}" name)
-    set(unit "${WORK}/${name}.cpp")
-    file(WRITE "${unit}" "#include <${header}>\n#include <${header}>\n")
-    list(APPEND units "${unit}")
+    string(APPEND all "#include <${header}>\n")
+    if(ALONE)
+        string(MAKE_C_IDENTIFIER "${header}" name)
+        set(unit "${WORK}/${name}.cpp")
+        file(WRITE "${unit}" "#include <${header}>\n#include <${header}>\n")
+        list(APPEND units "${unit}")
+    endif()
 endforeach()
+if(NOT ALONE)
+    set(units "${WORK}/all.cpp")
+    file(WRITE "${units}" "${all}")
+endif()
 
 execute_process(COMMAND "${COMPILER}" -std=c++20 -Wall -Wextra -Wpedantic -Werror -fsyntax-only
                         "-I${PREFIX}/include" ${units} COMMAND_ERROR_IS_FATAL ANY)

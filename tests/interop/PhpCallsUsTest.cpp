@@ -1,8 +1,8 @@
 // PHP's client against a server that reads and writes with the library. Each case stands in
 // php/client.php under its name.
-#include "tests/faults/SampleFaults.h"
 #include "tests/interop/Objects.h"
 #include "tests/interop/Php.h"
+#include "tests/support/SampleFaults.h"
 
 #include <korva/KORVAAsynchDetailArray.h>
 #include <korva/KORVAAsynchDetailMIMEAttachment.h>

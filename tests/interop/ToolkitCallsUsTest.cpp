@@ -1,9 +1,9 @@
 // The clients of other toolkits against a server that reads and writes with the library. The cases
 // are those of tests/toolkits/Cases.h.
-#include "tests/faults/SampleFaults.h"
 #include "tests/interop/Objects.h"
 #include "tests/interop/ToolkitClient.h"
 #include "tests/interop/ToolkitTest.h"
+#include "tests/support/SampleFaults.h"
 #include "tests/toolkits/Cases.h"
 #include "tests/toolkits/Describe.h"
 

@@ -90,21 +90,21 @@ TEST(ParameterSignature, AssertsOnANullList) {
     EXPECT_ASSERTION(fits(nullptr, {}), "ZEL_ASSERT(expectedParamList);");
 }
 
-TEST(Parameter, NamesAreComparedByBytes) {
+TEST(MessageParameter, NamesAreComparedByBytes) {
     const KORVAMessageParam param("objectPath", Type::eString);
     EXPECT_TRUE(KORVA_PortType::isSameParameter({"objectPath", Type::eString}, &param));
     for (const char* const name : {"objectpath", "objectPat", "objectPathX", ""})
         EXPECT_FALSE(KORVA_PortType::isSameParameter({name, Type::eString}, &param)) << name;
 }
 
-TEST(Parameter, PlainTypesMustBeEqual) {
+TEST(MessageParameter, PlainTypesMustBeEqual) {
     const KORVAMessageParam param("a", Type::eInt);
     EXPECT_TRUE(KORVA_PortType::isSameParameter({"a", Type::eInt}, &param));
     EXPECT_FALSE(KORVA_PortType::isSameParameter({"a", Type::eInteger}, &param));
     EXPECT_FALSE(KORVA_PortType::isSameParameter({"a", Type::eKORVAFolder}, &param));
 }
 
-TEST(Parameter, ObjectMayBeOfADerivedClass) {
+TEST(MessageParameter, ObjectMayBeOfADerivedClass) {
     KORVAFolder folder;
     const KORVAMessageParam param("a", Type::eKORVAFolder, &folder);
     EXPECT_TRUE(KORVA_PortType::isSameParameter({"a", Type::eKORVAFolder}, &param));
@@ -113,27 +113,27 @@ TEST(Parameter, ObjectMayBeOfADerivedClass) {
     EXPECT_FALSE(KORVA_PortType::isSameParameter({"a", Type::eString}, &param));
 }
 
-TEST(Parameter, ObjectItselfDecidesNotItsDeclaredType) {
+TEST(MessageParameter, ObjectItselfDecidesNotItsDeclaredType) {
     KORVAFolder folder;
     const KORVAMessageParam param("a", Type::eKORVABaseClass, &folder);
     EXPECT_TRUE(KORVA_PortType::isSameParameter({"a", Type::eKORVAFolder}, &param));
 }
 
-TEST(Parameter, WithoutAValueItsTypeMayBeADerivedClass) {
+TEST(MessageParameter, WithoutAValueItsTypeMayBeADerivedClass) {
     const KORVAMessageParam param("a", Type::eKORVAFolder);
     EXPECT_TRUE(KORVA_PortType::isSameParameter({"a", Type::eKORVAFolder}, &param));
     EXPECT_TRUE(KORVA_PortType::isSameParameter({"a", Type::eKORVABaseClass}, &param));
     EXPECT_FALSE(KORVA_PortType::isSameParameter({"a", Type::eKORVAReport}, &param));
 }
 
-TEST(Parameter, WithoutAValueOfAnAbstractClassIsRefused) {
+TEST(MessageParameter, WithoutAValueOfAnAbstractClassIsRefused) {
     const KORVAMessageParam param("a", Type::eKORVABaseClass);
     EXPECT_TRUE(KORVA_PortType::isSameParameter({"a", Type::eKORVABaseClass}, &param));
     EXPECT_NUMBERED(KORVA_PortType::isSameParameter({"a", Type::eKORVAFolder}, &param), 0xEA47EC7BU,
                     "KORVASchemaTypesFactory::create()", "bus:baseClass");
 }
 
-TEST(Parameter, AssertsOnWhatIsNull) {
+TEST(MessageParameter, AssertsOnWhatIsNull) {
     const KORVAMessageParam param("a", Type::eString);
     const KORVAMessageParam unnamed(nullptr, Type::eString);
     EXPECT_ASSERTION(KORVA_PortType::isSameParameter({"a", Type::eString}, nullptr),

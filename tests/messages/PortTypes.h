@@ -25,7 +25,7 @@ struct PortTypeCase {
 };
 
 inline std::string withAuthority(const char* path) {
-    return std::string(KORVA_BUS_AUTHORITY) + path;
+    return std::string(KORVA_TEST_AUTHORITY) + path;
 }
 
 inline std::vector<PortTypeCase> portTypes() {

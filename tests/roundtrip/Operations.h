@@ -1,7 +1,7 @@
 /// The operations of all port types, as the vocabulary's table has them.
 #pragma once
 
-#include "tests/vocabulary/Tables.h"
+#include "tests/support/Tables.h"
 
 #include <korva/KORVAMessageI.h>
 #include <korva/KORVAPortTypeI.h>

@@ -1,8 +1,8 @@
 // What the library writes is what its schema says, to validators that know the schema alone.
-#include "tests/roundtrip/RandomValues.h"
 #include "tests/roundtrip/SchemaValidators.h"
 #include "tests/roundtrip/Wire.h"
 #include "tests/support/ObjectFiller.h"
+#include "tests/support/RandomValues.h"
 #include "tests/support/Registry.h"
 #include "tests/support/SchemaScan.h"
 

@@ -1,13 +1,13 @@
-#include "tests/roundtrip/Comparison.h"
 #include "tests/roundtrip/Operations.h"
-#include "tests/roundtrip/RandomValues.h"
 #include "tests/roundtrip/Wire.h"
 #include "tests/roundtrip/WireForm.h"
+#include "tests/support/Comparison.h"
 #include "tests/support/ExpectThrow.h"
 #include "tests/support/ObjectFiller.h"
+#include "tests/support/RandomValues.h"
 #include "tests/support/Registry.h"
 #include "tests/support/SchemaScan.h"
-#include "tests/vocabulary/Tables.h"
+#include "tests/support/Tables.h"
 
 #include <korva/KORVAChildIndex.h>
 #include <korva/KORVAMessageFactory.h>

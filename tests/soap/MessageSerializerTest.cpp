@@ -1,4 +1,5 @@
 #include "tests/soap/SampleMessages.h"
+#include "tests/support/AllocationFailure.h"
 #include "tests/support/ExpectThrow.h"
 #include "tests/support/TestStreams.h"
 
@@ -342,7 +343,9 @@ TEST(MessageSerializerFactory, MakesASerializerWithItsDefaults) {
 }
 
 TEST(MessageSerializerFactory, IgnoresNull) {
-    KORVASOAPMessageISerializerFactory::getInstance().destroy(nullptr);
+    const std::size_t live = korva::test::liveAllocations();
+    EXPECT_NO_THROW(KORVASOAPMessageISerializerFactory::getInstance().destroy(nullptr));
+    EXPECT_EQ(korva::test::liveAllocations(), live);
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 #include "tests/soap/ElementWriting.h"
+#include "tests/support/AllocationFailure.h"
 #include "tests/support/ExpectThrow.h"
 #include "tests/support/FreeObject.h"
 
@@ -734,7 +735,9 @@ TEST(ObjectSerializerFactory, MakesASoapSerializerWithItsDefaults) {
 }
 
 TEST(ObjectSerializerFactory, IgnoresNull) {
-    KORVAObjectSerializerFactory::getInstance().destroy(nullptr);
+    const std::size_t live = korva::test::liveAllocations();
+    EXPECT_NO_THROW(KORVAObjectSerializerFactory::getInstance().destroy(nullptr));
+    EXPECT_EQ(korva::test::liveAllocations(), live);
 }
 
 }  // namespace

@@ -15,7 +15,7 @@ inline std::string goldenEnvelope(const std::string& name) {
     std::ifstream file(path, std::ios::binary);
     EXPECT_TRUE(file) << "cannot read " << path;
     std::string text{std::istreambuf_iterator<char>(file), {}};
-    const std::string authority = "http://bus.korva.example";
+    const std::string authority = KORVA_TEST_DATA_AUTHORITY;
     const std::string ours = KORVA_TEST_AUTHORITY;
     for (std::size_t at = text.find(authority); at != std::string::npos;
          at = text.find(authority, at + ours.size()))

@@ -1,6 +1,6 @@
 // The arrays that an array type text such as "bus:schedule[3]" names.
 
-#include "tests/vocabulary/Tables.h"
+#include "tests/support/Tables.h"
 #include "tests/vocabulary/Types.h"
 
 #include <gtest/gtest.h>

@@ -23,7 +23,7 @@ TemporaryDirectory::~TemporaryDirectory() {
 }
 
 std::string sourceSchema() {
-    return KORVA_TEST_SCHEMA_SOURCE_DIR;
+    return KORVA_TEST_SOURCE_DIR "/schema";
 }
 
 std::string contentOf(const std::string& path) {
@@ -35,7 +35,8 @@ std::string contentOf(const std::string& path) {
 }
 
 Outcome runCompiler(const std::string& schema, const std::vector<std::string>& more) {
-    std::vector<std::string> arguments = {"--schema", schema + "/bus.xsd"};
+    std::vector<std::string> arguments = {"--schema", schema + "/bus.xsd", "--hand-written",
+                                          KORVA_TEST_HAND_WRITTEN};
     std::istringstream names(KORVA_TEST_WSDL_FILES);
     for (std::string name; names >> name;) {
         arguments.push_back("--wsdl");

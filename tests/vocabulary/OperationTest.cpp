@@ -2,7 +2,7 @@
 
 #include "tests/messages/PortTypes.h"
 #include "tests/support/ExpectThrow.h"
-#include "tests/vocabulary/Tables.h"
+#include "tests/support/Tables.h"
 #include "tests/vocabulary/Types.h"
 
 #include <korva/KORVAAsynchRun_Request.h>

@@ -2,7 +2,7 @@
 
 #include "tests/support/ExpectThrow.h"
 #include "tests/support/SchemaScan.h"
-#include "tests/vocabulary/Tables.h"
+#include "tests/support/Tables.h"
 #include "tests/vocabulary/Types.h"
 
 #include <korva/KORVAClassEnum.h>

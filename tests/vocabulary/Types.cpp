@@ -1,7 +1,7 @@
 #include "tests/vocabulary/Types.h"
 
 #include "tests/support/SchemaScan.h"
-#include "tests/vocabulary/Tables.h"
+#include "tests/support/Tables.h"
 
 #include <korva/KORVAException.h>
 #include <korva/KORVASchemaTypesFactory.h>

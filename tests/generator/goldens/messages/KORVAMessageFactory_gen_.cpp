@@ -10,6 +10,10 @@
 #include <korva/KORVAQuery_1_Reply.h>
 #include <korva/KORVAQuery_1_Request.h>
 
+#if KORVA_CORE_VERSION != 1
+#error "This file was made for another version of the core: run korva-schemac again."
+#endif
+
 constinit const KORVAMessageFactory::KORVAParamDescriptor
     KORVAMessageFactory::g_KORVACMS_query_2_ReplyParamDescriptor[] = {
         {nullptr, KORVASchemaTypeI::e_Unknown},

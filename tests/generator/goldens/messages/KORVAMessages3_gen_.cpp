@@ -6,6 +6,10 @@
 #include <korva/KORVAAdd_Reply.h>
 #include <korva/KORVAQuery_1_Request.h>
 
+#if KORVA_CORE_VERSION != 1
+#error "This file was made for another version of the core: run korva-schemac again."
+#endif
+
 #if defined(__GNUC__)
 // The records derive from korva::Record, and have no other base.
 #pragma GCC diagnostic ignored "-Winvalid-offsetof"

@@ -4,6 +4,10 @@
 
 #include <korva/KORVAServicePortType.h>
 
+#if KORVA_CORE_VERSION != 1
+#error "This file was made for another version of the core: run korva-schemac again."
+#endif
+
 namespace {
 constexpr korva::OperationRow serviceOperations[] = {
     {"",

@@ -5,6 +5,10 @@
 #include <korva/KORVABooleanArray.h>
 #include <korva/KORVAStringArray.h>
 
+#if KORVA_CORE_VERSION != 1
+#error "This file was made for another version of the core: run korva-schemac again."
+#endif
+
 KORVAAccountArray::KORVAAccountArray() = default;
 KORVAAccountArray::KORVAAccountArray(const KORVAAccountArray& other, KORVAObjectRegistryI& registry) {
     copyElements(other, registry);

@@ -6,6 +6,10 @@
 #include <korva/KORVAAccessEnum.h>
 #include <korva/KORVAUnknownEnum.h>
 
+#if KORVA_CORE_VERSION != 1
+#error "This file was made for another version of the core: run korva-schemac again."
+#endif
+
 namespace {
 constexpr korva::EnumEntry accessEnumEntries[] = {
     {0xC905664CU, KORVAAccessEnum::eKORVAGrant},

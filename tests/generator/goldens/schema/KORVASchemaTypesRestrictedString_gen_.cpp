@@ -3,6 +3,10 @@
 
 #include <korva/KORVAGuid.h>
 
+#if KORVA_CORE_VERSION != 1
+#error "This file was made for another version of the core: run korva-schemac again."
+#endif
+
 KORVAGuid::KORVAGuid() = default;
 KORVAGuid::KORVAGuid(const KORVAGuid& other, KORVAObjectRegistryI& registry)
     : KORVA_RestrictedString(other, registry) {}

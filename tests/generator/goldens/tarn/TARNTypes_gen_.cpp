@@ -1,6 +1,10 @@
 // Made by korva-schemac from sample/sample.xsd; do not edit.
 #include "tarn/TypeTable.h"
 
+#if TARN_TABLE_VERSION != 1
+#error "This file was made for other tables: run korva-schemac again."
+#endif
+
 #if defined(__GNUC__)
 #pragma GCC diagnostic ignored "-Woverlength-strings"
 #endif

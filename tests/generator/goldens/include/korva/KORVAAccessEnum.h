@@ -16,11 +16,11 @@ public:
     enum Enum : int {
         eKOVRAUninitialized = 0, ///< nothing is set
         /// grant: Allows the access.
-        eKORVAGrant = -922393012,
-        eKORVADeny = 163264818, ///< deny
-        eKORVADeny_all = -1204805166, ///< deny-all
-        eKORVADeny_all_2 = 305785177, ///< deny/all
-        eKORVAGr__er = -130672720, ///< größer
+        eKORVAGrant = int(0xC905664CU),
+        eKORVADeny = int(0x09BB3932U), ///< deny
+        eKORVADeny_all = int(0xB83021D2U), ///< deny-all
+        eKORVADeny_all_2 = int(0x1239E959U), ///< deny/all
+        eKORVAGr__er = int(0xF83617B0U), ///< größer
     };
 
     KORVAAccessEnum();

@@ -1,4 +1,4 @@
-/// The tables of this folder: what the vocabulary must have, kept apart from the schema.
+/// The tables of tests/vocabulary/data: what the vocabulary must have, kept apart from the schema.
 #pragma once
 
 #include <string>
@@ -6,11 +6,11 @@
 
 namespace korva::test {
 
-/// The words of each line of a file of this folder. Empty lines and lines that begin with '#' are
+/// The words of each line of a file of that folder. Empty lines and lines that begin with '#' are
 /// left out; a line that is indented has an empty first word.
 std::vector<std::vector<std::string>> tableRows(const char* file);
 
-/// The lines of a file of this folder, without those that are empty or begin with '#'.
+/// The lines of a file of that folder, without those that are empty or begin with '#'.
 std::vector<std::string> tableLines(const char* file);
 
 /// One row of a port type's table.

@@ -23,12 +23,12 @@ std::vector<std::string> specifications() {
     return out;
 }
 
-TEST(Specification, ThereAre33UnderTheAbstractBase) {
+TEST(SpecificationTree, ThereAre33UnderTheAbstractBase) {
     EXPECT_EQ(specifications().size(), 33U);
     EXPECT_TRUE(isAbstract("asynchSpecification"));
 }
 
-TEST(Specification, FourAreFamilies) {
+TEST(SpecificationTree, FourAreFamilies) {
     std::vector<std::string> families = specifications();
     families.erase(std::remove_if(families.begin(), families.end(),
                                   [](const std::string& name) { return !isAbstract(name); }),
@@ -38,7 +38,7 @@ TEST(Specification, FourAreFamilies) {
                             "metadataServiceSpecification", "reportServiceSpecification"}));
 }
 
-TEST(Specification, HasOneFieldWhateverItsClass) {
+TEST(SpecificationTree, HasOneFieldWhateverItsClass) {
     for (const std::string& name : specifications()) {
         if (isAbstract(name)) continue;
         const auto object = make(name);
@@ -47,7 +47,7 @@ TEST(Specification, HasOneFieldWhateverItsClass) {
     }
 }
 
-TEST(Specification, OfTheOlderFormStandsApart) {
+TEST(SpecificationTree, OfTheOlderFormStandsApart) {
     const auto object = make("reportSpecification");
     EXPECT_FALSE(object->isa(KORVASchemaTypeI::eKORVAAsynchSpecification));
     EXPECT_EQ(childTypeOf(*object, "specification"), "xs:string");

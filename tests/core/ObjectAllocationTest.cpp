@@ -88,7 +88,7 @@ struct Sample {
     KORVAScheduleArray array;
 };
 
-TEST(AllocationFailure, ConstructorsRaiseOutOfMemoryError) {
+TEST(ObjectAllocation, ConstructorsRaiseOutOfMemoryError) {
     EXPECT_EQ(forEachFailingAllocation([] { KORVASchedule object; }), 1u);
     EXPECT_EQ(forEachFailingAllocation([] { KORVAStringProp object; }), 1u);
     EXPECT_EQ(forEachFailingAllocation([] { KORVADeploymentObjectInformation object; }), 1u);
@@ -97,7 +97,7 @@ TEST(AllocationFailure, ConstructorsRaiseOutOfMemoryError) {
     EXPECT_EQ(forEachFailingAllocation([] { KORVAGuid object; }), 0u);
 }
 
-TEST(AllocationFailure, NameObjectsAreMadeByALaterCall) {
+TEST(ObjectAllocation, NameObjectsAreMadeByALaterCall) {
     const KORVADeploymentObjectInformation object;
     for (std::size_t n = 1; n <= 2; ++n) {  // the text object, and its characters
         const AllocationFailure failure(n);
@@ -106,7 +106,7 @@ TEST(AllocationFailure, NameObjectsAreMadeByALaterCall) {
     EXPECT_EQ(object.getGeneratedObjectName(), "KORVADeploymentObjectInformation");
 }
 
-TEST(AllocationFailure, CreatingGettersLeaveTheChildUnset) {
+TEST(ObjectAllocation, CreatingGettersLeaveTheChildUnset) {
     const std::size_t count = forEachFailingAllocation([] {
         const Registry registry = makeRegistry();
         KORVASchedule schedule;
@@ -122,7 +122,7 @@ TEST(AllocationFailure, CreatingGettersLeaveTheChildUnset) {
     EXPECT_EQ(count, 5u);  // the registry with its list, the schedule's record, the child's two
 }
 
-TEST(AllocationFailure, GetterWhoseRegistryCannotGrowLeavesNothing) {
+TEST(ObjectAllocation, GetterWhoseRegistryCannotGrowLeavesNothing) {
     const Registry registry = makeRegistry();
     for (int i = 0; i < 100; ++i)
         registry->registerPointer(static_cast<Object*>(nullptr));
@@ -138,7 +138,7 @@ TEST(AllocationFailure, GetterWhoseRegistryCannotGrowLeavesNothing) {
     EXPECT_EQ(registry->size(), 100u);
 }
 
-TEST(AllocationFailure, PropertyGettersRaiseOutOfMemoryError) {
+TEST(ObjectAllocation, PropertyGettersRaiseOutOfMemoryError) {
     forEachFailingAllocation([] {
         const Registry registry = makeRegistry();
         KORVAGuidProp prop;
@@ -147,7 +147,7 @@ TEST(AllocationFailure, PropertyGettersRaiseOutOfMemoryError) {
     });
 }
 
-TEST(AllocationFailure, CopyConstructorsRaiseOutOfMemoryError) {
+TEST(ObjectAllocation, CopyConstructorsRaiseOutOfMemoryError) {
     const Sample sample;
     EXPECT_GT(forEachFailingAllocation([&] {
                   const Registry registry = makeRegistry();
@@ -172,7 +172,7 @@ TEST(AllocationFailure, CopyConstructorsRaiseOutOfMemoryError) {
     });
 }
 
-TEST(AllocationFailure, CreateCopyRaisesOutOfMemoryError) {
+TEST(ObjectAllocation, CreateCopyRaisesOutOfMemoryError) {
     const Sample sample;
     const auto& factory = KORVASchemaTypesFactory::getInstance();
     for (const Object* const object :
@@ -186,7 +186,7 @@ TEST(AllocationFailure, CreateCopyRaisesOutOfMemoryError) {
                   3u);
 }
 
-TEST(AllocationFailure, CopyThatOutgrowsItsRegistryRaisesOutOfMemoryError) {
+TEST(ObjectAllocation, CopyThatOutgrowsItsRegistryRaisesOutOfMemoryError) {
     KORVASchedule element;
     KORVAScheduleArray array;
     for (int i = 0; i < 120; ++i)
@@ -198,7 +198,7 @@ TEST(AllocationFailure, CopyThatOutgrowsItsRegistryRaisesOutOfMemoryError) {
     });
 }
 
-TEST(AllocationFailure, FailedArrayCopyLeavesTheArrayEmpty) {
+TEST(ObjectAllocation, FailedArrayCopyLeavesTheArrayEmpty) {
     const Sample sample;
     const Registry registry = makeRegistry();
     KORVASchedule former;
@@ -220,7 +220,7 @@ TEST(AllocationFailure, FailedArrayCopyLeavesTheArrayEmpty) {
     EXPECT_GT(failures, 10u);
 }
 
-TEST(AllocationFailure, TextArrayCopyRaisesOutOfMemoryError) {
+TEST(ObjectAllocation, TextArrayCopyRaisesOutOfMemoryError) {
     KORVAStringArray source;
     for (int i = 0; i < 120; ++i)
         source.push_back("text");
@@ -236,7 +236,7 @@ TEST(AllocationFailure, TextArrayCopyRaisesOutOfMemoryError) {
     });
 }
 
-TEST(AllocationFailure, ComparisonRaisesOutOfMemoryError) {
+TEST(ObjectAllocation, ComparisonRaisesOutOfMemoryError) {
     const Sample left;
     const Sample right;
     // The streamed texts share nothing but their content.
@@ -249,7 +249,7 @@ TEST(AllocationFailure, ComparisonRaisesOutOfMemoryError) {
     forEachFailingAllocation([&] { EXPECT_TRUE(left.warden == right.warden); });
 }
 
-TEST(AllocationFailure, SetOnAnArrayRaisesOutOfMemoryErrorAndKeepsTheArray) {
+TEST(ObjectAllocation, SetOnAnArrayRaisesOutOfMemoryErrorAndKeepsTheArray) {
     KORVASchedule element;
     EXPECT_EQ(forEachFailingAllocation([&] {
                   KORVAScheduleArray array;
@@ -280,7 +280,7 @@ TEST(AllocationFailure, SetOnAnArrayRaisesOutOfMemoryErrorAndKeepsTheArray) {
     });
 }
 
-TEST(AllocationFailure, ChildNamesRaiseOutOfMemoryError) {
+TEST(ObjectAllocation, ChildNamesRaiseOutOfMemoryError) {
     const Sample sample;
     for (const Object* const object :
          {static_cast<const Object*>(&sample.schedule), static_cast<const Object*>(&sample.array),
@@ -298,7 +298,7 @@ TEST(AllocationFailure, ChildNamesRaiseOutOfMemoryError) {
     });
 }
 
-TEST(AllocationFailure, ErrorsThatCannotBeMadeBecomeOutOfMemoryError) {
+TEST(ObjectAllocation, ErrorsThatCannotBeMadeBecomeOutOfMemoryError) {
     KORVASeverityEnum severity;
     KORVADeploymentObjectInformation information;
     KORVASchedule schedule;

@@ -32,7 +32,7 @@ ZELMessage message(unsigned id, const char* first, const char* second) {
     return result;
 }
 
-TEST(Exception, MadeFromANumber) {
+TEST(ZelException, MadeFromANumber) {
     EXPECT_STREQ(ZELException(17).getErrorCodeString(), "17");
     EXPECT_EQ(ZELException(17).getSeverity(), eZELError);
     EXPECT_STREQ(ZELException(eZELInfo, 17).getErrorCodeString(), "17");
@@ -40,7 +40,7 @@ TEST(Exception, MadeFromANumber) {
     EXPECT_STREQ(ZELException(0).getErrorCodeString(), "0");
 }
 
-TEST(Exception, MadeFromAText) {
+TEST(ZelException, MadeFromAText) {
     EXPECT_STREQ(ZELException("ABC-1").getErrorCodeString(), "ABC-1");
     EXPECT_EQ(ZELException("ABC-1").getSeverity(), eZELError);
     EXPECT_EQ(ZELException(eZELFatal, "ABC-1").getSeverity(), eZELFatal);
@@ -49,14 +49,14 @@ TEST(Exception, MadeFromAText) {
     EXPECT_STREQ(ZELException("ABC-1").toString(), "ZELException: ABC-1");
 }
 
-TEST(Exception, TextIsCopied) {
+TEST(ZelException, TextIsCopied) {
     auto text = std::make_unique<std::string>(100, 'x');
     const ZELException error(text->c_str());
     text.reset();
     EXPECT_EQ(error.getErrorCodeString(), std::string(100, 'x'));
 }
 
-TEST(Exception, CatcherReadsIdsAndParameters) {
+TEST(ZelException, CatcherReadsIdsAndParameters) {
     try {
         CatalogueException error(0);
         error << message(1, "a", "b") << message(0xEA4112C6u, "c", "d");
@@ -72,11 +72,11 @@ TEST(Exception, CatcherReadsIdsAndParameters) {
     }
 }
 
-TEST(Exception, HasNoMessagesAtFirst) {
+TEST(ZelException, HasNoMessagesAtFirst) {
     EXPECT_EQ(ZELException(0).getMessages().size(), 0u);
 }
 
-TEST(Exception, MessagesOfACopyAreIndependent) {
+TEST(ZelException, MessagesOfACopyAreIndependent) {
     CatalogueException error(0);
     error << message(1, "a", "b");
     CatalogueException copy(error);
@@ -87,13 +87,13 @@ TEST(Exception, MessagesOfACopyAreIndependent) {
     EXPECT_EQ(error.getMessages().size(), 2u);
 }
 
-TEST(Exception, ToStringFillsInTheCataloguesTexts) {
+TEST(ZelException, ToStringFillsInTheCataloguesTexts) {
     CatalogueException error(0);
     error << message(1, "one", "two");
     EXPECT_STREQ(error.toString(), "CatalogueException: two follows one.");
 }
 
-TEST(Exception, ToStringOfAnUnknownMessageGivesItsNumberAndParameters) {
+TEST(ZelException, ToStringOfAnUnknownMessageGivesItsNumberAndParameters) {
     CatalogueException error(0);
     error << message(1, "a", "b") << message(0xEA4112C6u, "c", "d");
     EXPECT_STREQ(error.toString(),

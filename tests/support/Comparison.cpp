@@ -1,4 +1,4 @@
-#include "tests/roundtrip/Comparison.h"
+#include "tests/support/Comparison.h"
 
 #include <korva/KORVASchemaTypesFactory.h>
 #include <korva/KORVAXSBase64Binary.h>

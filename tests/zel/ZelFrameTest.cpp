@@ -32,11 +32,11 @@ int framedDeeply(unsigned depth, const std::function<int()>& action) {
     ZEL_CATCH(nullptr);
 }
 
-TEST(Frame, GoodPathReturnsItsValue) {
+TEST(ZelFrame, GoodPathReturnsItsValue) {
     EXPECT_EQ(framed([] { return 5; }), 5);
 }
 
-TEST(Frame, ThrowableGoesOnAsTheSameObjectWithOneMoreLine) {
+TEST(ZelFrame, ThrowableGoesOnAsTheSameObjectWithOneMoreLine) {
     const ZELThrowable* thrown = nullptr;
     try {
         framed([&]() -> int {
@@ -57,7 +57,7 @@ TEST(Frame, ThrowableGoesOnAsTheSameObjectWithOneMoreLine) {
     }
 }
 
-TEST(Frame, PassingManyFramesAddsAsManyLines) {
+TEST(ZelFrame, PassingManyFramesAddsAsManyLines) {
     try {
         framedDeeply(10, []() -> int { ZEL_THROW(ZELException(1)); });
         FAIL();
@@ -67,7 +67,7 @@ TEST(Frame, PassingManyFramesAddsAsManyLines) {
     }
 }
 
-TEST(Frame, BadAllocBecomesOutOfMemoryError) {
+TEST(ZelFrame, BadAllocBecomesOutOfMemoryError) {
     try {
         framed([]() -> int { throw std::bad_alloc(); });
         FAIL();
@@ -80,7 +80,7 @@ TEST(Frame, BadAllocBecomesOutOfMemoryError) {
     EXPECT_THROW(framed([]() -> int { throw std::bad_array_new_length(); }), ZELOutOfMemoryError);
 }
 
-TEST(Frame, OtherStdExceptionBecomesStdExceptionErrorWithItsText) {
+TEST(ZelFrame, OtherStdExceptionBecomesStdExceptionErrorWithItsText) {
     try {
         framed([]() -> int { throw std::runtime_error("the text"); });
         FAIL();
@@ -93,7 +93,7 @@ TEST(Frame, OtherStdExceptionBecomesStdExceptionErrorWithItsText) {
     EXPECT_THROW(framed([]() -> int { throw std::length_error(""); }), ZELStdExceptionError);
 }
 
-TEST(Frame, ExceptionOfNeitherFamilyPassesUnchanged) {
+TEST(ZelFrame, ExceptionOfNeitherFamilyPassesUnchanged) {
     struct Foreign {
         int value;
     };
@@ -115,7 +115,7 @@ TEST(Frame, ExceptionOfNeitherFamilyPassesUnchanged) {
     EXPECT_THROW(framed([]() -> int { throw 3; }), int);
 }
 
-TEST(Frame, AssertionKeepsItsType) {
+TEST(ZelFrame, AssertionKeepsItsType) {
     EXPECT_THROW(framed([]() -> int {
                      ZEL_ASSERT(false);
                      return 0;
@@ -123,7 +123,7 @@ TEST(Frame, AssertionKeepsItsType) {
                  ZELAssertError);
 }
 
-TEST(Frame, WorksInAConstructorsFunctionBlock) {
+TEST(ZelFrame, WorksInAConstructorsFunctionBlock) {
     struct Thing {
         explicit Thing(bool fail) ZEL_TRY : value(fail ? throw std::bad_alloc() : 1) {}
         ZEL_CATCH("Thing::Thing");

@@ -7,7 +7,7 @@
 
 namespace {
 
-TEST(String, FromUtf8) {
+TEST(I18NString, FromUtf8) {
     const I18NString text(
         "gr\xC3\xBC\xC3\x9F"
         "e \xF0\x9F\x98\x80");
@@ -16,7 +16,7 @@ TEST(String, FromUtf8) {
     EXPECT_EQ(text.utf8Length(), 12u);
 }
 
-TEST(String, FromUtf16) {
+TEST(I18NString, FromUtf16) {
     const std::u16string wide = u"gr\u00FC\u00DFe \U0001F600";
     const I18NString text(wide.data(), wide.size());
     EXPECT_STREQ(text.utf8(),
@@ -25,7 +25,7 @@ TEST(String, FromUtf16) {
     EXPECT_EQ(text.wideLength(), wide.size());
 }
 
-TEST(String, EmptyInEveryWay) {
+TEST(I18NString, EmptyInEveryWay) {
     const I18NString texts[] = {I18NString(), I18NString(""), I18NString(nullptr),
                                 I18NString(static_cast<const char16_t*>(nullptr), 0)};
     for (const I18NString& text : texts) {
@@ -37,13 +37,13 @@ TEST(String, EmptyInEveryWay) {
     }
 }
 
-TEST(String, LengthsMayIncludeNul) {
+TEST(I18NString, LengthsMayIncludeNul) {
     EXPECT_EQ(I18NString("a\0b", 3).wideLength(), 3u);
     EXPECT_EQ(I18NString(std::string("a\0b", 3)).utf8Length(), 3u);
     EXPECT_EQ(I18NString(u"a\0b", 3).utf8Length(), 3u);
 }
 
-TEST(String, SurrogateWithoutPartnerBecomesReplacement) {
+TEST(I18NString, SurrogateWithoutPartnerBecomesReplacement) {
     const char16_t high[] = {u'a', 0xD83D};
     EXPECT_STREQ(I18NString(high, 2).utf8(), "a\xEF\xBF\xBD");
     const char16_t low[] = {0xDE00, u'a'};
@@ -52,7 +52,7 @@ TEST(String, SurrogateWithoutPartnerBecomesReplacement) {
                  "a");
 }
 
-TEST(String, CopiesAndMoves) {
+TEST(I18NString, CopiesAndMoves) {
     I18NString text("a text that is longer than what fits into a string object");
     text.wide();
     I18NString copy(text);
@@ -67,7 +67,7 @@ TEST(String, CopiesAndMoves) {
     EXPECT_EQ(copy.wideLength(), 1u);
 }
 
-TEST(String, ComparesAcrossEncodings) {
+TEST(I18NString, ComparesAcrossEncodings) {
     EXPECT_TRUE(I18NString("abc") == I18NString(u"abc", 3));
     EXPECT_FALSE(I18NString("abc") == I18NString(u"abd", 3));
 }

@@ -1,6 +1,6 @@
 // The messages and their parameters.
 
-#include "tests/vocabulary/Tables.h"
+#include "tests/support/Tables.h"
 #include "tests/vocabulary/Types.h"
 
 #include <korva/KORVAMessageFactory.h>

@@ -15,7 +15,7 @@ std::string trimmed(const std::string& text) {
     return buffer.str();
 }
 
-TEST(String, CollectsText) {
+TEST(KorvaString, CollectsText) {
     KORVA_String buffer;
     EXPECT_STREQ(buffer.str(), "");
     EXPECT_EQ(buffer.pcount(), 0u);
@@ -30,13 +30,13 @@ TEST(String, CollectsText) {
     EXPECT_STREQ(buffer.str(), "");
 }
 
-TEST(String, BufferIsTheStringItself) {
+TEST(KorvaString, BufferIsTheStringItself) {
     KORVA_String text;
     text.appendChars("x", 1);
     EXPECT_EQ(text.buffer()->str(), text.str());
 }
 
-TEST(String, TrimDoesNothingToAnEmptyBuffer) {
+TEST(KorvaString, TrimDoesNothingToAnEmptyBuffer) {
     KORVA_String fresh;
     fresh.trim();
     EXPECT_STREQ(fresh.str(), "");
@@ -46,7 +46,7 @@ TEST(String, TrimDoesNothingToAnEmptyBuffer) {
     EXPECT_STREQ(fresh.str(), "");
 }
 
-TEST(String, TrimRemovesAllSixKindsOfWhiteSpaceAtBothEnds) {
+TEST(KorvaString, TrimRemovesAllSixKindsOfWhiteSpaceAtBothEnds) {
     EXPECT_EQ(trimmed(" \n\r\t\v\fvalue\f\v\t\r\n "), "value");
     EXPECT_EQ(trimmed("value  "), "value");
     EXPECT_EQ(trimmed("  value"), "value");
@@ -54,16 +54,16 @@ TEST(String, TrimRemovesAllSixKindsOfWhiteSpaceAtBothEnds) {
     EXPECT_EQ(trimmed(" x "), "x");
 }
 
-TEST(String, TrimKeepsWhatStandsInside) {
+TEST(KorvaString, TrimKeepsWhatStandsInside) {
     EXPECT_EQ(trimmed(" a b\tc\n"), "a b\tc");
 }
 
-TEST(String, TrimKeepsOtherBytes) {
+TEST(KorvaString, TrimKeepsOtherBytes) {
     EXPECT_EQ(trimmed(" \xC2\xA0 "), "\xC2\xA0");
     EXPECT_EQ(trimmed(" \x08\x0E "), "\x08\x0E");
 }
 
-TEST(String, TrimResetsABufferOfWhiteSpaceOnly) {
+TEST(KorvaString, TrimResetsABufferOfWhiteSpaceOnly) {
     EXPECT_EQ(trimmed(" "), "");
     EXPECT_EQ(trimmed(" \n\r\t\v\f"), "");
 }

@@ -1,4 +1,4 @@
-#include "tests/roundtrip/RandomValues.h"
+#include "tests/support/RandomValues.h"
 
 #include <cstddef>
 #include <iterator>

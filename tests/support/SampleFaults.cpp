@@ -1,4 +1,4 @@
-#include "tests/faults/SampleFaults.h"
+#include "tests/support/SampleFaults.h"
 
 #include <korva/KORVAFaultDetailArray.h>
 #include <korva/KORVAFaultDetailMessage.h>

@@ -15,18 +15,18 @@ std::string filled(const char* pattern) {
     return text;
 }
 
-TEST(Message, FillReplacesNumberedPlaces) {
+TEST(ZelMessage, FillReplacesNumberedPlaces) {
     EXPECT_EQ(filled("{0}"), ">zero");
     EXPECT_EQ(filled("a {0} b {0} c"), ">a zero b zero c");
     EXPECT_EQ(filled(""), ">");
     EXPECT_EQ(filled("nothing"), ">nothing");
 }
 
-TEST(Message, FillDoesNotLookIntoParameters) {
+TEST(ZelMessage, FillDoesNotLookIntoParameters) {
     EXPECT_EQ(filled("{1}{0}"), ">{0}zero");
 }
 
-TEST(Message, FillLeavesOtherBracesAlone) {
+TEST(ZelMessage, FillLeavesOtherBracesAlone) {
     EXPECT_EQ(filled("{2}"), ">{2}");
     EXPECT_EQ(filled("{99999999999999999999}"), ">{99999999999999999999}");
     EXPECT_EQ(filled("{"), ">{");
@@ -37,14 +37,14 @@ TEST(Message, FillLeavesOtherBracesAlone) {
     EXPECT_EQ(filled("{0x}"), ">{0x}");
 }
 
-TEST(Message, FillWithoutAPatternGivesTheBareForm) {
+TEST(ZelMessage, FillWithoutAPatternGivesTheBareForm) {
     EXPECT_EQ(filled(nullptr), ">C message 0x9: zero, {0}");
     std::string text;
     ZELMessage("C", 0xFFFFFFFFu).fill(nullptr, text);
     EXPECT_EQ(text, "C message 0xffffffff");
 }
 
-TEST(Message, ParametersComeFromEitherEncoding) {
+TEST(ZelMessage, ParametersComeFromEitherEncoding) {
     ZELMessage message("C", 1);
     message << ZELMessageParm(I18NString(u"gr\u00FC\u00DFe", 5));
     EXPECT_STREQ(message.getParms()[0].getText(),
@@ -52,7 +52,7 @@ TEST(Message, ParametersComeFromEitherEncoding) {
                  "e");
 }
 
-TEST(Message, CopiesAndMoves) {
+TEST(ZelMessage, CopiesAndMoves) {
     ZELMessage message("C", 1);
     message << ZELMessageParm("p");
     ZELMessage copy(message);

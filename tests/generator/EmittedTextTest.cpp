@@ -67,6 +67,11 @@ TEST(Hex, PrintsTheIdentityAsAnUnsignedNumber) {
     EXPECT_EQ(hex(-1), "0xFFFFFFFFU");
 }
 
+TEST(EnumeratorValue, IsTheIdentityInHexAsAnInt) {
+    EXPECT_EQ(enumeratorValue(0x5A3811FB), "int(0x5A3811FBU)");
+    EXPECT_EQ(enumeratorValue(-1), "int(0xFFFFFFFFU)");
+}
+
 TEST(Includes, AreSortedAndEachStandsOnce) {
     EXPECT_EQ(includes({"B", "A", "B"}), "#include <korva/A.h>\n#include <korva/B.h>\n");
     EXPECT_EQ(forwards({"B", "A", "B"}), "class A;\nclass B;\n");

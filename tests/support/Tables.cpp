@@ -1,4 +1,4 @@
-#include "tests/vocabulary/Tables.h"
+#include "tests/support/Tables.h"
 
 #include <gtest/gtest.h>
 
@@ -27,7 +27,7 @@ std::vector<Parameter> parametersOf(const std::string& list) {
 
 std::vector<std::string> tableLines(const char* file) {
     std::vector<std::string> out;
-    std::ifstream in(std::string(KORVA_TEST_TABLES_DIR "/") + file);
+    std::ifstream in(std::string(KORVA_TEST_SOURCE_DIR "/tests/vocabulary/data/") + file);
     EXPECT_TRUE(in) << file;
     for (std::string line; std::getline(in, line);)
         if (!line.empty() && line.front() != '#') out.push_back(line);

@@ -5,6 +5,7 @@
 #include <korva/KORVASchemaTypesFactory.h>
 #include <korva/KORVASeverityEnum.h>
 #include <korva/KORVAZELMessage.h>
+#include <zel/ZELAssertError.h>
 #include <zel/ZELMessageParm.h>
 #include <zel/ZELOutOfMemoryError.h>
 #include <zel/ZELThrow.h>
@@ -42,7 +43,7 @@ void expectSame(const ZELThrowable& exception) {
     EXPECT_STREQ(set->getMessages()[0].getParms()[0].getText(), "severityEnum:x");
 }
 
-TEST(Exception, IsMadeFromACodeOrATextWithOrWithoutASeverity) {
+TEST(KorvaException, IsMadeFromACodeOrATextWithOrWithoutASeverity) {
     EXPECT_STREQ(KORVAException(5).getErrorCodeString(), "5");
     EXPECT_EQ(KORVAException(5).getSeverity(), eZELError);
     EXPECT_STREQ(KORVAException(eZELFatal, -5).getErrorCodeString(), "-5");
@@ -52,33 +53,44 @@ TEST(Exception, IsMadeFromACodeOrATextWithOrWithoutASeverity) {
     EXPECT_EQ(KORVAException(eZELInfo, "text").getSeverity(), eZELInfo);
 }
 
-TEST(Exception, IsNoStandardException) {
+TEST(KorvaException, IsNoStandardException) {
     EXPECT_FALSE((std::is_base_of_v<std::exception, KORVAException>));
     EXPECT_TRUE((std::is_base_of_v<ZELThrowable, KORVAException>));
 }
 
-TEST(Exception, AssignedToItselfIsUnchanged) {
+TEST(KorvaException, TraceNamesFilesByTheirPathInTheTree) {
+    try {
+        KORVASeverityEnum().getChildObject(nullptr, false);
+        FAIL();
+    } catch (const ZELAssertError& error) {
+        ASSERT_FALSE(error.getBackTrace().empty());
+        EXPECT_TRUE(std::string(error.getBackTrace()[0]).starts_with("core/KORVA_EnumObject.cpp("))
+            << error.getBackTrace()[0];
+    }
+}
+
+TEST(KorvaException, AssignedToItselfIsUnchanged) {
     KORVAException exception = withMessage();
     KORVAException& same = exception;
     exception = same;
     expectSame(exception);
 }
 
-TEST(Exception, AssignmentTakesAll) {
+TEST(KorvaException, AssignmentTakesAll) {
     KORVAException exception(1);
     exception.addBackTrace(ZELFileLocation("other.cpp", 1), nullptr, nullptr);
     exception = withMessage();
     expectSame(exception);
 }
 
-TEST(Exception, CopyHasAllAndATraceOfItsOwn) {
+TEST(KorvaException, CopyHasAllAndATraceOfItsOwn) {
     KORVAException exception = withMessage();
     const KORVAException copy(exception);
     exception.addBackTrace(ZELFileLocation("later.cpp", 1), nullptr, nullptr);
     expectSame(copy);
 }
 
-TEST(Exception, CloneIsAKORVAExceptionWithAll) {
+TEST(KorvaException, CloneIsAKORVAExceptionWithAll) {
     const KORVAException exception = withMessage();
     const ZELThrowable& base = exception;
     const std::unique_ptr<ZELThrowable> clone(base.clone());
@@ -86,7 +98,7 @@ TEST(Exception, CloneIsAKORVAExceptionWithAll) {
     expectSame(*clone);
 }
 
-TEST(Exception, CloneCanBeCarriedToAnotherThread) {
+TEST(KorvaException, CloneCanBeCarriedToAnotherThread) {
     std::unique_ptr<ZELThrowable> carried;
     std::thread thrower([&carried] {
         try {
@@ -101,13 +113,13 @@ TEST(Exception, CloneCanBeCarriedToAnotherThread) {
     EXPECT_EQ(carried->getBackTrace().size(), 2u);
 }
 
-TEST(Exception, CloneWithoutMemoryRaisesOutOfMemoryError) {
+TEST(KorvaException, CloneWithoutMemoryRaisesOutOfMemoryError) {
     const KORVAException exception = withMessage();
     const korva::test::NoMemory noMemory;
     EXPECT_THROW(delete exception.clone(), ZELOutOfMemoryError);
 }
 
-TEST(Exception, HurlThrowsACopyWithThePlaceInItsTrace) {
+TEST(KorvaException, HurlThrowsACopyWithThePlaceInItsTrace) {
     KORVAException exception(3);
     try {
         exception.hurl(ZELFileLocation("file.cpp", 12), "function()", "ZEL_THROW");
@@ -119,11 +131,11 @@ TEST(Exception, HurlThrowsACopyWithThePlaceInItsTrace) {
     }
 }
 
-TEST(Exception, ZelThrowThrowsItAsItself) {
+TEST(KorvaException, ZelThrowThrowsItAsItself) {
     EXPECT_THROW(ZEL_THROW(KORVAException(1), "f"), KORVAException);
 }
 
-TEST(Exception, ToStringFillsInTheTextOfTheCatalogue) {
+TEST(KorvaException, ToStringFillsInTheTextOfTheCatalogue) {
     try {
         KORVASeverityEnum::stringToEnum("unheard-of");
         FAIL();
@@ -136,7 +148,7 @@ TEST(Exception, ToStringFillsInTheTextOfTheCatalogue) {
     }
 }
 
-TEST(Message, HasTheLibrarysComponent) {
+TEST(KorvaMessage, HasTheLibrarysComponent) {
     const KORVAZELMessage message(0xEA47C21FU);
     EXPECT_EQ(message.getId(), 0xEA47C21FU);
     EXPECT_STREQ(message.getComponent(), "KORVA");

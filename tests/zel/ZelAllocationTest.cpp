@@ -28,7 +28,7 @@ using korva::test::liveAllocations;
 using korva::test::NoMemory;
 
 /// Checks that a test leaves nothing allocated.
-class AllocationFailureTest : public testing::Test {
+class ZelAllocation : public testing::Test {
 protected:
     void SetUp() override { m_live = liveAllocations(); }
     void TearDown() override { EXPECT_EQ(liveAllocations(), m_live); }
@@ -37,7 +37,7 @@ private:
     std::size_t m_live = 0;
 };
 
-TEST_F(AllocationFailureTest, OutOfMemoryErrorIsThrownWithoutMemory) {
+TEST_F(ZelAllocation, OutOfMemoryErrorIsThrownWithoutMemory) {
     bool caught = false;
     {
         const NoMemory noMemory;
@@ -50,7 +50,7 @@ TEST_F(AllocationFailureTest, OutOfMemoryErrorIsThrownWithoutMemory) {
     EXPECT_TRUE(caught);
 }
 
-TEST_F(AllocationFailureTest, AssertionKeepsItsTextWithoutMemory) {
+TEST_F(ZelAllocation, AssertionKeepsItsTextWithoutMemory) {
     bool caught = false;
     {
         const NoMemory noMemory;
@@ -64,7 +64,7 @@ TEST_F(AllocationFailureTest, AssertionKeepsItsTextWithoutMemory) {
     EXPECT_TRUE(caught);
 }
 
-TEST_F(AllocationFailureTest, ComposedAssertionIsRaisedWithoutMemory) {
+TEST_F(ZelAllocation, ComposedAssertionIsRaisedWithoutMemory) {
     const NoMemory noMemory;
     try {
         zel::assertionFailed("ZEL_ASSERT(composed);", ZEL_LOCATION);
@@ -74,7 +74,7 @@ TEST_F(AllocationFailureTest, ComposedAssertionIsRaisedWithoutMemory) {
     }
 }
 
-TEST_F(AllocationFailureTest, FrameTurnsBadAllocIntoOutOfMemoryErrorWithoutMemory) {
+TEST_F(ZelAllocation, FrameTurnsBadAllocIntoOutOfMemoryErrorWithoutMemory) {
     bool caught = false;
     {
         const NoMemory noMemory;
@@ -91,7 +91,7 @@ TEST_F(AllocationFailureTest, FrameTurnsBadAllocIntoOutOfMemoryErrorWithoutMemor
     EXPECT_TRUE(caught);
 }
 
-TEST_F(AllocationFailureTest, TraceLineIsDroppedWhenItCannotBeStored) {
+TEST_F(ZelAllocation, TraceLineIsDroppedWhenItCannotBeStored) {
     const std::size_t allocations = failEachAllocation([] {
         ZELOutOfMemoryError error;
         error.addBackTrace(ZEL_LOCATION, "a", "m");
@@ -102,7 +102,7 @@ TEST_F(AllocationFailureTest, TraceLineIsDroppedWhenItCannotBeStored) {
     EXPECT_GE(allocations, 4u);
 }
 
-TEST_F(AllocationFailureTest, EveryExceptionIsThrownAsItselfWhateverFails) {
+TEST_F(ZelAllocation, EveryExceptionIsThrownAsItselfWhateverFails) {
     const std::size_t allocations = failEachAllocation([] {
         EXPECT_THROW(ZEL_THROW(ZELException(3), "f"), ZELException);
         EXPECT_THROW(ZEL_THROW(ZELException("code"), "f"), ZELException);
@@ -121,7 +121,7 @@ TEST_F(AllocationFailureTest, EveryExceptionIsThrownAsItselfWhateverFails) {
     EXPECT_GE(allocations, 4u);
 }
 
-TEST_F(AllocationFailureTest, MessageIsAddedWholeOrNotAtAll) {
+TEST_F(ZelAllocation, MessageIsAddedWholeOrNotAtAll) {
     bool everComplete = false;
     failEachAllocation([&] {
         ZELException error(0);
@@ -143,7 +143,7 @@ TEST_F(AllocationFailureTest, MessageIsAddedWholeOrNotAtAll) {
     EXPECT_TRUE(everComplete);
 }
 
-TEST_F(AllocationFailureTest, MessagesSurviveTheThrowWithoutMemory) {
+TEST_F(ZelAllocation, MessagesSurviveTheThrowWithoutMemory) {
     bool kept = false;
     ZELException error(0);
     error << (ZELMessage("C", 5) << ZELMessageParm("p"));
@@ -158,7 +158,7 @@ TEST_F(AllocationFailureTest, MessagesSurviveTheThrowWithoutMemory) {
     EXPECT_TRUE(kept);
 }
 
-TEST_F(AllocationFailureTest, ToStringNeverFails) {
+TEST_F(ZelAllocation, ToStringNeverFails) {
     ZELException error("a code that is longer than what a short string holds by itself");
     error.addBackTrace(ZEL_LOCATION, "f", "m");
     failEachAllocation([&] { EXPECT_NE(std::string_view(error.toString()), ""); });
@@ -166,7 +166,7 @@ TEST_F(AllocationFailureTest, ToStringNeverFails) {
     EXPECT_STREQ(error.toString(), "ZELException");
 }
 
-TEST_F(AllocationFailureTest, CloneRaisesOutOfMemoryError) {
+TEST_F(ZelAllocation, CloneRaisesOutOfMemoryError) {
     const ZELException error("code");
     unsigned failures = 0;
     failEachAllocation([&] {
@@ -179,7 +179,7 @@ TEST_F(AllocationFailureTest, CloneRaisesOutOfMemoryError) {
     EXPECT_EQ(failures, 1u);
 }
 
-TEST_F(AllocationFailureTest, ByteBufferStaysAsItWas) {
+TEST_F(ZelAllocation, ByteBufferStaysAsItWas) {
     unsigned failures = 0;
     failEachAllocation([&] {
         ZELByteBuffer buffer(1, 4, 0);
@@ -202,7 +202,7 @@ TEST_F(AllocationFailureTest, ByteBufferStaysAsItWas) {
     EXPECT_GE(failures, 8u);
 }
 
-TEST_F(AllocationFailureTest, ShrinkToFitKeepsTheBytesWithoutMemory) {
+TEST_F(ZelAllocation, ShrinkToFitKeepsTheBytesWithoutMemory) {
     ZELByteBuffer buffer(1, 100, 0);
     buffer.appendChars("abc", 3);
     {
@@ -213,7 +213,7 @@ TEST_F(AllocationFailureTest, ShrinkToFitKeepsTheBytesWithoutMemory) {
     EXPECT_EQ(buffer.capacity(), 99u);
 }
 
-TEST_F(AllocationFailureTest, ConverterAppendsWholePiecesOnly) {
+TEST_F(ZelAllocation, ConverterAppendsWholePiecesOnly) {
     const std::u16string ascii(300, u'x');
     const std::u16string mixed = ascii + u"\u00FC\u20AC\xD83D";
     unsigned failures = 0;
@@ -238,7 +238,7 @@ TEST_F(AllocationFailureTest, ConverterAppendsWholePiecesOnly) {
     EXPECT_GE(failures, 3u);
 }
 
-TEST_F(AllocationFailureTest, ConverterAndStringRaiseOutOfMemoryError) {
+TEST_F(ZelAllocation, ConverterAndStringRaiseOutOfMemoryError) {
     const std::string narrow(100, 'x');
     unsigned failures = 0;
     failEachAllocation([&] {

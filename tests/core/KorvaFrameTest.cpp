@@ -61,7 +61,7 @@ void createChild(const std::function<void()>& fail) {
 }
 
 /// Checks that a failure leaves nothing allocated.
-class Frame : public testing::Test {
+class KorvaFrame : public testing::Test {
 protected:
     void SetUp() override { m_live = korva::test::liveAllocations(); }
     void TearDown() override { EXPECT_EQ(korva::test::liveAllocations(), m_live); }
@@ -70,7 +70,7 @@ private:
     std::size_t m_live = 0;
 };
 
-TEST_F(Frame, BadAllocInAGetterArrivesAsOutOfMemoryError) {
+TEST_F(KorvaFrame, BadAllocInAGetterArrivesAsOutOfMemoryError) {
     try {
         createChild([] { throw std::bad_alloc(); });
         FAIL();
@@ -80,7 +80,7 @@ TEST_F(Frame, BadAllocInAGetterArrivesAsOutOfMemoryError) {
     }
 }
 
-TEST_F(Frame, RuntimeErrorInAGetterArrivesAsStdExceptionErrorWithItsText) {
+TEST_F(KorvaFrame, RuntimeErrorInAGetterArrivesAsStdExceptionErrorWithItsText) {
     try {
         createChild([] { throw std::runtime_error("what went wrong"); });
         FAIL();
@@ -91,7 +91,7 @@ TEST_F(Frame, RuntimeErrorInAGetterArrivesAsStdExceptionErrorWithItsText) {
     }
 }
 
-TEST_F(Frame, ThrowableInAGetterKeepsItsTypeAndGetsALine) {
+TEST_F(KorvaFrame, ThrowableInAGetterKeepsItsTypeAndGetsALine) {
     try {
         createChild([] { ZEL_ASSERT(false); });
         FAIL();
@@ -102,7 +102,7 @@ TEST_F(Frame, ThrowableInAGetterKeepsItsTypeAndGetsALine) {
     }
 }
 
-TEST_F(Frame, ExceptionOfNeitherFamilyPassesUnchanged) {
+TEST_F(KorvaFrame, ExceptionOfNeitherFamilyPassesUnchanged) {
     try {
         createChild([] { throw 42; });
         FAIL();
@@ -111,7 +111,7 @@ TEST_F(Frame, ExceptionOfNeitherFamilyPassesUnchanged) {
     }
 }
 
-TEST_F(Frame, SeveralFramesAddALineEach) {
+TEST_F(KorvaFrame, SeveralFramesAddALineEach) {
     for (std::size_t frames : {0u, 1u, 5u}) {
         const std::function<void(std::size_t)> nest = [&nest](std::size_t depth) {
             if (depth == 0)
@@ -132,7 +132,7 @@ TEST_F(Frame, SeveralFramesAddALineEach) {
     }
 }
 
-TEST_F(Frame, CreateCopyTranslatesWhatItsRegistryThrows) {
+TEST_F(KorvaFrame, CreateCopyTranslatesWhatItsRegistryThrows) {
     const KORVABooleanProp source;
     const auto& factory = KORVASchemaTypesFactory::getInstance();
     FailingRegistry noMemory([] { throw std::bad_alloc(); });
@@ -154,7 +154,7 @@ TEST_F(Frame, CreateCopyTranslatesWhatItsRegistryThrows) {
     }
 }
 
-TEST_F(Frame, FailedCopyLeavesNothingBehindThatTheRegistryDoesNotOwn) {
+TEST_F(KorvaFrame, FailedCopyLeavesNothingBehindThatTheRegistryDoesNotOwn) {
     KORVASchedule element;
     KORVABooleanProp active;
     element.setActive(&active);

@@ -1,0 +1,23 @@
+# Fails when two files of tests have one name, or when one suite stands in two files: a name that fails
+# must tell where to look.
+file(GLOB_RECURSE files RELATIVE "${TESTS}" "${TESTS}/*Test.cpp")
+if(files STREQUAL "")
+    message(FATAL_ERROR "No test stands in ${TESTS}.")
+endif()
+foreach(file IN LISTS files)
+    get_filename_component(name "${file}" NAME)
+    if(DEFINED "file_${name}")
+        message(SEND_ERROR "${file} has the name of ${file_${name}}")
+    endif()
+    set("file_${name}" "${file}")
+
+    file(STRINGS "${TESTS}/${file}" lines REGEX "^TEST(_F|_P)?\\(")
+    list(TRANSFORM lines REPLACE "^TEST(_F|_P)?\\(([A-Za-z0-9_]+).*" "\\2")
+    list(REMOVE_DUPLICATES lines)
+    foreach(suite IN LISTS lines)
+        if(DEFINED "suite_${suite}")
+            message(SEND_ERROR "The suite ${suite} stands in ${file} and in ${suite_${suite}}")
+        endif()
+        set("suite_${suite}" "${file}")
+    endforeach()
+endforeach()
