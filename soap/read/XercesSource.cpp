@@ -21,7 +21,9 @@
 #include <xercesc/util/PlatformUtils.hpp>
 #include <xercesc/util/XMLUni.hpp>
 
+#include <algorithm>
 #include <array>
+#include <exception>
 #include <limits>
 #include <string>
 #include <vector>
@@ -63,12 +65,12 @@ public:
             const char* const namespaceName = m_events.name(uri);
             m_prefixes.push_back(m_events.name(prefix));
             checkDeclaration(m_prefixes.back(), namespaceName);
-            m_guard.startPrefix(m_prefixes.back(), namespaceName);
+            if (!isXml(m_prefixes.back())) m_guard.startPrefix(m_prefixes.back(), namespaceName);
         });
     }
     void endPrefixMapping(const XMLCh*) override {
         forward([this] {
-            m_guard.endPrefix(m_prefixes.back());
+            if (!isXml(m_prefixes.back())) m_guard.endPrefix(m_prefixes.back());
             m_prefixes.pop_back();
         });
     }
@@ -129,10 +131,13 @@ private:
         return sum;
     }
 
+    /// Whether it is the prefix that is always declared: saying so once more tells nothing.
+    static bool isXml(std::string_view prefix) { return prefix == "xml"; }
+
     /// What the parser lets pass.
-    void checkDeclaration(std::string_view prefix, std::string_view uri) const {
-        const bool isXml = uri == "http://www.w3.org/XML/1998/namespace";
-        if (isXml != (prefix == "xml") || uri == "http://www.w3.org/2000/xmlns/")
+    static void checkDeclaration(std::string_view prefix, std::string_view uri) {
+        const bool isNamespaceOfXml = uri == "http://www.w3.org/XML/1998/namespace";
+        if (isNamespaceOfXml != isXml(prefix) || uri == "http://www.w3.org/2000/xmlns/")
             throw NotWellFormed{"A namespace that XML has for itself is declared."};
     }
 
@@ -144,19 +149,20 @@ private:
     std::vector<const char*> m_prefixes;  ///< declared, newest at the back
 };
 
-/// The document's bytes. What the stream throws leaves the parse as the same exception.
+/// The document's bytes. A failure of theirs ends them, and is told when the parser has come to
+/// where they end: what it finds before that is the first failure of the document.
 class XercesSource::Input final : public xercesc::InputSource {
 public:
-    Input(DocumentBytes& bytes, bool isUtf8, EntityBudget& budget, Handler& handler,
-          ParserMemory& memory)
-        : InputSource(&memory),
-          m_bytes(bytes),
-          m_isUtf8(isUtf8),
-          m_budget(budget),
-          m_handler(handler) {}
+    Input(DocumentBytes& bytes, bool isUtf8, EntityBudget& budget, ParserMemory& memory)
+        : InputSource(&memory), m_bytes(bytes), m_isUtf8(isUtf8), m_budget(budget) {}
 
     xercesc::BinInputStream* makeStream() const override {
         return new (getMemoryManager()) Stream(*this);
+    }
+
+    /// Throws what ended the bytes too early, if something did.
+    void rethrowFailure() const {
+        if (m_failure) std::rethrow_exception(m_failure);
     }
 
 private:
@@ -168,13 +174,14 @@ private:
         const XMLCh* getContentType() const override { return nullptr; }
 
         XMLSize_t readBytes(XMLByte* buffer, XMLSize_t size) override {
+            if (m_input.m_failure) return 0;
             try {
                 const XMLSize_t count = read(reinterpret_cast<char*>(buffer), size);
                 m_position += count;
                 return count;
             } catch (...) {
-                m_input.m_handler.notePosition();
-                throw;
+                m_input.m_failure = std::current_exception();
+                return 0;
             }
         }
 
@@ -190,7 +197,7 @@ private:
     DocumentBytes& m_bytes;
     const bool m_isUtf8;
     EntityBudget& m_budget;
-    Handler& m_handler;
+    mutable std::exception_ptr m_failure;
 };
 
 XMLSize_t XercesSource::Input::Stream::read(char* buffer, XMLSize_t size) {
@@ -202,8 +209,11 @@ XMLSize_t XercesSource::Input::Stream::read(char* buffer, XMLSize_t size) {
     piece.append(buffer, count);
     bool isCut = false;
     const std::size_t valid = utf8Prefix(piece, isCut);
-    if (valid != piece.size() && (!isCut || count != size))
-        throw NotWellFormed{"The document has bytes that are no UTF-8."};
+    if (valid != piece.size() && (!isCut || count != size)) {
+        m_input.m_failure =
+            std::make_exception_ptr(NotWellFormed{"The document has bytes that are no UTF-8."});
+        return valid - std::min(valid, m_cutSize);
+    }
     m_cutSize = piece.copy(m_cut.data(), m_cut.size(), valid);
     return count;
 }
@@ -279,15 +289,17 @@ void XercesSource::parse(DocumentBytes& bytes, bool isUtf8, ReadGuard& guard) {
     m_memory.trim();  // a failure may have left much behind
     EntityBudget budget(guard.limits(), guard);
     Handler handler(guard, budget);
-    Input input(bytes, isUtf8, budget, handler, m_memory);
+    Input input(bytes, isUtf8, budget, m_memory);
     try {
         run(input, handler, budget);
     } catch (const ParserMemory::BlockTooLarge&) {
         guard.refuseText();
     } catch (const xercesc::SAXParseException& exception) {
         guard.notePosition({exception.getLineNumber(), exception.getColumnNumber()});
+        input.rethrowFailure();
         throw;
     }
+    input.rethrowFailure();
     m_memory.trim();
 }
 
