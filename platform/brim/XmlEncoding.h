@@ -344,7 +344,8 @@ void transfer(BRIMOutputStream& stream, const char* bytes, std::size_t length,
             if (plain == end) continue;
             const Passage passage = inspector.look(bytes, length);
             joiner.addClean(bytes, passage.passes);
-            joiner.addClean(passage.instead.data(), passage.instead.size());
+            if (!passage.instead.empty())
+                joiner.addClean(passage.instead.data(), passage.instead.size());
             advance(passage.passes + passage.dropped);
         }
     }
