@@ -20,7 +20,7 @@ public:
 private:
     class Known {
     public:
-        explicit Known(std::string_view text) : m_text(text) {}
+        explicit Known(std::string_view text) : m_text(text), m_address(text.data()) {}
         bool is(std::string_view uri) {
             if (uri.data() == m_address) return true;
             if (uri != m_text) return false;
@@ -30,7 +30,7 @@ private:
 
     private:
         std::string_view m_text;
-        const char* m_address = nullptr;
+        const char* m_address;  ///< never null: that is where no namespace may be
     };
 
     Known m_schemaInstance{KORVAI18NRes::getView(KORVAI18NRes::eSchemaInstanceNamespace)};

@@ -62,6 +62,12 @@ TEST(DocumentReading, ANilRootGivesNull) {
                     0xEA41D35C, "KORVASchemaTypeIContentHandler::startElement", "root");
 }
 
+TEST(DocumentReading, AnAttributeWithoutANamespaceTellsNothingOfTheRoot) {
+    DocumentReader reader;
+    EXPECT_EQ(reader.read("<root nil=\"true\"><a/></root>"), nullptr);
+    EXPECT_EQ(reader.read("<root" + declarations() + " type=\"bus:provider\"/>"), nullptr);
+}
+
 TEST(DocumentReading, ANumberOrBooleanAsRootGivesNull) {
     DocumentReader reader;
     EXPECT_EQ(reader.read(document("xs:int", "1")), nullptr);
