@@ -26,6 +26,7 @@
 #include <exception>
 #include <limits>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace korva {
@@ -34,6 +35,14 @@ namespace korva {
 class XercesSource::Handler final : public xercesc::DefaultHandler {
 public:
     Handler(ReadGuard& guard, EntityBudget& budget) : m_guard(guard), m_budget(budget) {}
+
+    /// Remembers what ended the bytes of the document too early. It is told when the parser has
+    /// come to where they end: what it finds before that is the document's first failure.
+    void endBytes(std::exception_ptr failure) noexcept { m_endOfBytes = std::move(failure); }
+    bool hasEndedBytes() const noexcept { return m_endOfBytes != nullptr; }
+    void rethrowEndOfBytes() const {
+        if (m_endOfBytes) std::rethrow_exception(m_endOfBytes);
+    }
 
     void notePosition() noexcept {
         if (m_locator == nullptr) return;
@@ -57,7 +66,10 @@ public:
         forward([this] { m_guard.startDocument(); });
     }
     void endDocument() override {
-        forward([this] { m_guard.endDocument(); });
+        forward([this] {
+            rethrowEndOfBytes();
+            m_guard.endDocument();
+        });
     }
 
     void startPrefixMapping(const XMLCh* prefix, const XMLCh* uri) override {
@@ -147,22 +159,22 @@ private:
     WideEvents m_events{m_converter};
     const xercesc::Locator* m_locator = nullptr;
     std::vector<const char*> m_prefixes;  ///< declared, newest at the back
+    std::exception_ptr m_endOfBytes;
 };
 
-/// The document's bytes. A failure of theirs ends them, and is told when the parser has come to
-/// where they end: what it finds before that is the first failure of the document.
+/// The document's bytes. A failure of theirs ends them.
 class XercesSource::Input final : public xercesc::InputSource {
 public:
-    Input(DocumentBytes& bytes, bool isUtf8, EntityBudget& budget, ParserMemory& memory)
-        : InputSource(&memory), m_bytes(bytes), m_isUtf8(isUtf8), m_budget(budget) {}
+    Input(DocumentBytes& bytes, bool isUtf8, EntityBudget& budget, Handler& handler,
+          ParserMemory& memory)
+        : InputSource(&memory),
+          m_bytes(bytes),
+          m_isUtf8(isUtf8),
+          m_budget(budget),
+          m_handler(handler) {}
 
     xercesc::BinInputStream* makeStream() const override {
         return new (getMemoryManager()) Stream(*this);
-    }
-
-    /// Throws what ended the bytes too early, if something did.
-    void rethrowFailure() const {
-        if (m_failure) std::rethrow_exception(m_failure);
     }
 
 private:
@@ -174,13 +186,13 @@ private:
         const XMLCh* getContentType() const override { return nullptr; }
 
         XMLSize_t readBytes(XMLByte* buffer, XMLSize_t size) override {
-            if (m_input.m_failure) return 0;
+            if (m_input.m_handler.hasEndedBytes()) return 0;
             try {
                 const XMLSize_t count = read(reinterpret_cast<char*>(buffer), size);
                 m_position += count;
                 return count;
             } catch (...) {
-                m_input.m_failure = std::current_exception();
+                m_input.m_handler.endBytes(std::current_exception());
                 return 0;
             }
         }
@@ -197,7 +209,7 @@ private:
     DocumentBytes& m_bytes;
     const bool m_isUtf8;
     EntityBudget& m_budget;
-    mutable std::exception_ptr m_failure;
+    Handler& m_handler;
 };
 
 XMLSize_t XercesSource::Input::Stream::read(char* buffer, XMLSize_t size) {
@@ -210,8 +222,8 @@ XMLSize_t XercesSource::Input::Stream::read(char* buffer, XMLSize_t size) {
     bool isCut = false;
     const std::size_t valid = utf8Prefix(piece, isCut);
     if (valid != piece.size() && (!isCut || count != size)) {
-        m_input.m_failure =
-            std::make_exception_ptr(NotWellFormed{"The document has bytes that are no UTF-8."});
+        m_input.m_handler.endBytes(
+            std::make_exception_ptr(NotWellFormed{"The document has bytes that are no UTF-8."}));
         return valid - std::min(valid, m_cutSize);
     }
     m_cutSize = piece.copy(m_cut.data(), m_cut.size(), valid);
@@ -289,17 +301,16 @@ void XercesSource::parse(DocumentBytes& bytes, bool isUtf8, ReadGuard& guard) {
     m_memory.trim();  // a failure may have left much behind
     EntityBudget budget(guard.limits(), guard);
     Handler handler(guard, budget);
-    Input input(bytes, isUtf8, budget, m_memory);
+    Input input(bytes, isUtf8, budget, handler, m_memory);
     try {
         run(input, handler, budget);
     } catch (const ParserMemory::BlockTooLarge&) {
         guard.refuseText();
     } catch (const xercesc::SAXParseException& exception) {
         guard.notePosition({exception.getLineNumber(), exception.getColumnNumber()});
-        input.rethrowFailure();
+        handler.rethrowEndOfBytes();
         throw;
     }
-    input.rethrowFailure();
     m_memory.trim();
 }
 
