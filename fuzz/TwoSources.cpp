@@ -5,6 +5,7 @@
 #include "soap/read/XmlReader.h"
 
 #include <brim/BRIMInputStream.h>
+#include <i18n/KORVAMessageId.h>
 #include <korva/KORVAException.h>
 #include <korva/KORVAMessageI.h>
 #include <korva/KORVASOAPMessageIDeserializer.h>
@@ -37,10 +38,15 @@ private:
     std::size_t m_piece;
 };
 
-/// Writes down what a source tells, and a text in one piece.
+/// Writes down what a source tells, a text in one piece.
 class EventLog final : public DocumentReceiver {
 public:
-    std::string log;
+    const std::string& log() const { return m_log; }
+
+    /// Without a text that may still have gone on.
+    std::string logOfWholeEvents() const {
+        return m_log.substr(0, m_isInText ? m_textAt : m_log.npos);
+    }
 
     void startDocument() override { add("document", {}); }
     void endDocument() override { add("end of document", {}); }
@@ -62,21 +68,32 @@ public:
     }
     void text(std::string_view piece) override {
         if (piece.empty()) return;
-        if (!m_isInText) log += "text ";
+        if (!m_isInText) {
+            m_textAt = m_log.size();
+            m_log += "text ";
+        }
         m_isInText = true;
-        log += piece;
+        m_log += piece;
     }
     void endElement() override { add("end of element", {}); }
 
 private:
     void add(std::string_view what, std::string_view text) {
-        if (m_isInText) log += '\n';
+        if (m_isInText) m_log += '\n';
         m_isInText = false;
-        log.append(what).append(" ").append(text).append("\n");
+        m_log.append(what).append(" ").append(text).append("\n");
     }
 
+    std::string m_log;
     bool m_isInText = false;
+    std::size_t m_textAt = 0;
 };
+
+std::string numbered(unsigned id) {
+    std::array<char, 16> text;
+    std::snprintf(text.data(), text.size(), "error %08X", id);
+    return text.data();
+}
 
 /// How a document is read.
 struct Way {
@@ -90,8 +107,12 @@ std::string eventsOf(const Way& way) {
     XmlReader parser;
     parser.limits().startTag = way.startTag;
     EventLog events;
-    parser.parse(stream, events, {"parse", "parse()"});
-    return events.log;
+    try {
+        parser.parse(stream, events, {"parse", "parse()"});
+    } catch (const KORVAException& error) {
+        return events.logOfWholeEvents() + numbered(error.getMessages()[0].getId());
+    }
+    return events.log();
 }
 
 std::string requestOf(const Way& way) {
@@ -131,12 +152,20 @@ std::string outcome(Reading reading, const Way& way) {
     try {
         return reading(way);
     } catch (const KORVAException& error) {
-        std::array<char, 16> number;
-        std::snprintf(number.data(), number.size(), "error %08X", error.getMessages()[0].getId());
-        return number.data();
+        return numbered(error.getMessages()[0].getId());
     } catch (const ZELThrowable& error) {
         return std::string("error ") + error.getThrowableName();
     }
+}
+
+/// Whether the one refuses a text where it stands, and the other a character of it. How much of a
+/// text is told before the next of its characters is looked at is each parser's own.
+bool areOfOneText(std::string_view left, std::string_view right) {
+    const auto isText = [](std::string_view told) {
+        return told == numbered(eKORVA_TextInNil) || told == numbered(eKORVA_TextInReference);
+    };
+    const auto isSyntax = [](std::string_view told) { return told == numbered(eKORVA_ParseError); };
+    return (isText(left) && isSyntax(right)) || (isSyntax(left) && isText(right));
 }
 
 /// The two texts where they part.
@@ -152,9 +181,8 @@ std::string parting(std::string_view left, std::string_view right) {
 }  // namespace
 
 std::string differenceOfSources(std::string_view document, std::size_t piece) {
-    constexpr std::size_t longestOfLibxml = 10'000'000;
-    const Way chosen{document, piece, longestOfLibxml - 1};
-    const Way other{document, std::numeric_limits<std::size_t>::max(), longestOfLibxml};
+    const Way chosen{document, piece, startTagOfXerces - 1};
+    const Way other{document, std::numeric_limits<std::size_t>::max(), startTagOfXerces};
     const struct {
         const char* name;
         std::string (*reading)(const Way&);
@@ -163,7 +191,7 @@ std::string differenceOfSources(std::string_view document, std::size_t piece) {
     for (const auto& [name, reading] : readings) {
         const std::string left = outcome(reading, chosen);
         const std::string right = outcome(reading, other);
-        if (left != right) return name + parting(left, right);
+        if (left != right && !areOfOneText(left, right)) return name + parting(left, right);
     }
     return {};
 }

@@ -3,6 +3,13 @@
 #include "fuzz/EnvelopeMutator.h"
 #include "fuzz/TwoSources.h"
 
+#include <brim/BRIMMemoryInputStream.h>
+#include <korva/KORVAException.h>
+#include <korva/KORVAObjectRegistryFactory.h>
+#include <korva/KORVAObjectRegistryI.h>
+#include <korva/KORVAXMLDeserializer.h>
+#include <zel/ZELSmartPointer.h>
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -669,7 +676,32 @@ std::uint64_t setting(const char* name, std::uint64_t otherwise) {
     return value != nullptr ? std::strtoull(value, nullptr, 10) : otherwise;
 }
 
+/// What the parser says of a document that has no end, if start tags may be so long.
+std::string wordingOf(std::size_t startTag) {
+    constexpr std::string_view document = "<a>";
+    BRIMMemoryInputStream stream(document.data(), document.size());
+    KORVAXMLDeserializer deserializer;
+    deserializer.setMaximumStartTag(startTag);
+    const ZELSmartPointer<KORVAObjectRegistryI> registry(
+        KORVAObjectRegistryFactory::getInstance().create());
+    std::string wording;
+    try {
+        deserializer.parse(stream, registry.get());
+    } catch (const KORVAException& error) {
+        error.getMessages()[0].fill("{0}", wording);
+    }
+    return wording;
+}
+
 }  // namespace
+
+TEST(TwoSources, AreTwo) {
+    const std::string ofLibxml = wordingOf(korva::fuzz::startTagOfXerces - 1);
+    const std::string ofXerces = wordingOf(korva::fuzz::startTagOfXerces);
+    EXPECT_NE(ofLibxml, "");
+    EXPECT_NE(ofXerces, "");
+    EXPECT_NE(ofLibxml, ofXerces);
+}
 
 TEST(TwoSources, ReadTheEnvelopesOfAllTests) {
     const Texts texts = envelopes();
