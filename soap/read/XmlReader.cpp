@@ -75,8 +75,7 @@ void XmlReader::runSource(BRIMInputStream& stream, ReadGuard& guard) {
         guard.notePosition({1, 1});
         throw;
     }
-    if (form == DocumentBytes::Form::Plain && m_choice == Choice::ByDocument &&
-        m_limits.startTag < longestName)
+    if (form == DocumentBytes::Form::Plain && m_limits.startTag < longestName)
         m_libxml.parse(bytes, guard);
     else
         m_xerces.parse(bytes, form != DocumentBytes::Form::Other, guard);

@@ -22,15 +22,7 @@ struct EntryPoint {
 /// opened.
 class XmlReader {
 public:
-    /// Which source a document goes to.
-    enum class Choice {
-        ByDocument,  ///< by what its first bytes show
-        Xerces       ///< always that one: to compare the two
-    };
-
     ReadLimits& limits() { return m_limits; }
-
-    void setChoice(Choice choice) { m_choice = choice; }
 
     /// @throws KORVAException 0xEA441F8B or 0xEA49BA8D: the document is not well-formed, or an
     ///     exception of no known kind arrived; 0xEA4F0001: a limit is exceeded; 0xEA4EB50B: there
@@ -45,7 +37,6 @@ private:
     void runSource(BRIMInputStream& stream, ReadGuard& guard);
 
     ReadLimits m_limits;
-    Choice m_choice = Choice::ByDocument;
     LibxmlSource m_libxml;
     XercesSource m_xerces;
 };
