@@ -62,6 +62,13 @@ TEST(DocumentReading, ANilRootGivesNull) {
                     0xEA41D35C, "KORVASchemaTypeIContentHandler::startElement", "root");
 }
 
+TEST(DocumentReading, AnEscapedAmpersandOfAnAttributeIsOneCharacter) {
+    DocumentReader reader;
+    for (const char* const escaped : {"&amp;", "&#38;", "&#x26;"})
+        EXPECT_NUMBERED(reader.read(document(std::string("bus:a") + escaped + "b", "")), 0xEA48385C,
+                        "KORVASchemaTypeIContentHandler::getObjectType()", "bus:a&b", "root");
+}
+
 TEST(DocumentReading, AnAttributeWithoutANamespaceTellsNothingOfTheRoot) {
     DocumentReader reader;
     EXPECT_EQ(reader.read("<root nil=\"true\"><a/></root>"), nullptr);
