@@ -11,6 +11,7 @@
 #include <optional>
 #include <regex>
 #include <set>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -169,11 +170,21 @@ int runBenchmarks(int argc, char** argv) {
     // What stands later wins, so the caller's arguments do.
     char shortest[] = "--benchmark_min_time=0.02";
     std::vector<char*> arguments = {argv[0], shortest};
-    arguments.insert(arguments.end(), argv + 1, argv + argc);
+    bool isAlone = false;
+    for (int i = 1; i != argc; ++i) {
+        if (std::string_view(argv[i]) == "--alone")
+            isAlone = true;
+        else
+            arguments.push_back(argv[i]);
+    }
     int count = static_cast<int>(arguments.size());
     benchmark::Initialize(&count, arguments.data());
     if (benchmark::ReportUnrecognizedArguments(count, arguments.data())) return 1;
 
+    if (isAlone) {
+        benchmark::RunSpecifiedBenchmarks();
+        return 0;
+    }
     printHead(argv[0]);
     bool isWell = true;
     for (const Group& group : groups(std::regex(benchmark::GetBenchmarkFilter())))
