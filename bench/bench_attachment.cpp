@@ -67,8 +67,7 @@ KORVA_AttachmentContainerI* makeDefault() {
     return new DefaultAttachmentContainer;
 }
 
-void resolve(benchmark::State& state, Factory factory) {
-    const auto size = static_cast<std::size_t>(state.range(0));
+void resolve(benchmark::State& state, std::size_t size, Factory factory) {
     const Message& source = message(size);
     std::vector<KORVAStringProp> objects(total / size);
     for (auto _ : state) {
@@ -85,8 +84,7 @@ void resolve(benchmark::State& state, Factory factory) {
     }
 }
 
-void copyToContainers(benchmark::State& state, Factory factory) {
-    const auto size = static_cast<std::size_t>(state.range(0));
+void copyToContainers(benchmark::State& state, std::size_t size, Factory factory) {
     const std::string& bytes = content();
     for (auto _ : state) {
         const ZELSmartPointer<KORVAObjectRegistry> registry(KORVAObjectRegistry::create());
@@ -104,8 +102,8 @@ void copyToContainers(benchmark::State& state, Factory factory) {
     }
 }
 
-void divide(benchmark::State& state) {
-    const Message& source = message(static_cast<std::size_t>(state.range(0)));
+void divide(benchmark::State& state, std::size_t size) {
+    const Message& source = message(size);
     std::vector<char> piece(16384);
     for (auto _ : state) {
         BRIMMemoryInputStream stream(source.bytes.data(), source.bytes.size());
@@ -120,8 +118,8 @@ void divide(benchmark::State& state) {
     }
 }
 
-void copyMessage(benchmark::State& state) {
-    const Message& source = message(static_cast<std::size_t>(state.range(0)));
+void copyMessage(benchmark::State& state, std::size_t size) {
+    const Message& source = message(size);
     std::vector<char> piece(16384);
     for (auto _ : state) {
         BRIMMemoryInputStream stream(source.bytes.data(), source.bytes.size());
@@ -131,7 +129,7 @@ void copyMessage(benchmark::State& state) {
 }
 
 struct Size {
-    long bytes;
+    std::size_t bytes;
     const char* name;
 };
 
@@ -143,21 +141,15 @@ int main(int argc, char** argv) {
     for (const auto& [bytes, name] : sizes) {
         std::string suffix = "/";
         suffix += std::to_string(bytes);
-        const auto add = [bytes = bytes](const char* program, auto function) {
-            benchmark::RegisterBenchmark(program, function)
-                ->Arg(bytes)
-                ->Unit(benchmark::kMillisecond);
+        const auto add = [&suffix](const char* program, auto function, auto... arguments) {
+            benchmark::RegisterBenchmark((program + suffix).c_str(), function, arguments...);
         };
-        add("resolve/memory", [](benchmark::State& state) { resolve(state, makeDefault); });
-        add("copy/memory", [](benchmark::State& state) { copyToContainers(state, makeDefault); });
-        add("resolve/spooled", [](benchmark::State& state) {
-            resolve(state, KORVA_SpoolingAttachmentContainer::create);
-        });
-        add("copy/spooled", [](benchmark::State& state) {
-            copyToContainers(state, KORVA_SpoolingAttachmentContainer::create);
-        });
-        add("divide", divide);
-        add("copy/message", copyMessage);
+        add("resolve/memory", resolve, bytes, makeDefault);
+        add("copy/memory", copyToContainers, bytes, makeDefault);
+        add("resolve/spooled", resolve, bytes, KORVA_SpoolingAttachmentContainer::create);
+        add("copy/spooled", copyToContainers, bytes, KORVA_SpoolingAttachmentContainer::create);
+        add("divide", divide, bytes);
+        add("copy/message", copyMessage, bytes);
         const std::string parts = std::string("200 MB in parts of ") + name;
         addRatio({"resolve " + parts, "resolve/memory" + suffix, "copy/memory" + suffix, 0, 0});
         addRatio({"spool " + parts, "resolve/spooled" + suffix, "copy/spooled" + suffix, 0, 0});

@@ -1,5 +1,6 @@
 // How much memory reading a reply of 10 MB takes, per byte of the reply.
 #include "bench/Corpus.h"
+#include "bench/Ratios.h"
 
 #include <brim/BRIMMemoryInputStream.h>
 #include <korva/KORVAPortTypeI.h>
@@ -7,7 +8,6 @@
 
 #include <xercesc/util/PlatformUtils.hpp>
 
-#include <cstdio>
 #include <string>
 #include <sys/resource.h>
 
@@ -53,8 +53,8 @@ int main() {
     const double before = peakBytes();
     read(envelope, *portType, request);
     const double growth = peakBytes() - before;
-    std::printf("%-52s %8s %8s %8s\n", "memory", "ratio", "must", "aim");
-    std::printf("%-52s %8.2f %8.2f %8.2f\n", "peak growth while reading 10 MB, per input byte",
-                growth / static_cast<double>(envelope.size()), 3.0, 2.0);
-    return 0;
+    printHead("memory");
+    const bool isMet = printFigure("peak growth while reading 10 MB, per input byte",
+                                   growth / static_cast<double>(envelope.size()), 1.1, 0.9);
+    return isMet ? 0 : 1;
 }

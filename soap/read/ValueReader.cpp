@@ -9,7 +9,7 @@
 #include "soap/read/TypeAttributes.h"
 
 #include <brim/BRIMBase64InputStream.h>
-#include <brim/BRIMMemoryInputStream.h>
+#include <brim/BRIMInputStream.h>
 #include <i18n/KORVAMessageId.h>
 #include <korva/KORVAObjectRegistryI.h>
 #include <korva/KORVASchemaTypesFactory.h>
@@ -18,6 +18,7 @@
 #include <korva/KORVA_String.h>
 #include <zel/ZELAssert.h>
 
+#include <algorithm>
 #include <cstring>
 #include <memory>
 
@@ -36,6 +37,9 @@ constexpr const char* checkTypeLabel = "KORVASchemaTypeIContentHandler::checkTyp
 constexpr std::size_t largeText = 4096;
 /// From this size on that buffer is kept as it is, with its unused end.
 constexpr std::size_t hugeText = 1 << 20;
+
+/// How much of a binary is collected before it is decoded, unless it ends.
+constexpr std::size_t largeEncoding = 65536;
 
 const char* xsiType(ObjectType type) {
     return Factory::getInstance().objectTypeToXSIType(type);
@@ -68,6 +72,71 @@ void checkType(const char* name, const KORVASchemaTypeI* object, ObjectType type
 }
 
 }  // namespace
+
+// ----- binaries -----
+
+/// Decodes a text in its place, as far as it is there: the bytes stand before what is not decoded
+/// yet.
+class ValueReader::Decoding {
+public:
+    /// Decodes what may be decoded without looking behind the text.
+    void decode(ZELByteBuffer& text) {
+        m_encoded.text = {text.str() + m_length, text.pcount() - m_length};
+        while (m_encoded.text.size() >= step && hasGroups(m_encoded.text.substr(0, step)))
+            decodeStep(text);
+        const std::string_view rest = m_encoded.text;
+        std::memmove(bytes(text) + m_length, rest.data(), rest.size());
+        text.truncate(m_length + rest.size());
+    }
+
+    /// Decodes the rest.
+    void finish(ZELByteBuffer& text) {
+        m_encoded.text = {text.str() + m_length, text.pcount() - m_length};
+        while (decodeStep(text) != 0) {
+        }
+        text.truncate(m_length);
+    }
+
+private:
+    /// What the decoder takes at once, or more.
+    static constexpr std::size_t step = 16384;
+
+    struct Encoded final : BRIMInputStream {
+        long long read(char* buffer, std::size_t size) override {
+            const std::size_t count = std::min(size, text.size());
+            std::memcpy(buffer, text.data(), count);
+            text.remove_prefix(count);
+            return static_cast<long long>(count);
+        }
+
+        std::string_view text;
+    };
+
+    static char* bytes(ZELByteBuffer& text) { return const_cast<char*>(text.str()); }
+
+    /// Whether the decoder is sure to give a byte for `piece`, and so asks for no more.
+    static bool hasGroups(std::string_view piece) {
+        std::size_t count = 0;
+        for (const char c : piece)
+            if (static_cast<unsigned char>(c) > ' ' && ++count == 8) return true;
+        return false;
+    }
+
+    std::size_t decodeStep(ZELByteBuffer& text) {
+        // The decoder has always read more than it gave.
+        const long long count = m_decoder.read(bytes(text) + m_length, text.pcount() - m_length);
+        m_length += static_cast<std::size_t>(count);
+        return static_cast<std::size_t>(count);
+    }
+
+    Encoded m_encoded;
+    BRIMBase64InputStream m_decoder{m_encoded};
+    std::size_t m_length = 0;  ///< of what is decoded
+};
+
+ValueReader::ValueReader(ReadingContext& context) : m_context(context) {}
+
+ValueReader::~ValueReader() = default;
 
 const ValueReader::Frame& ValueReader::top() const {
     ZEL_ASSERT(m_objStack.size() > 0);
@@ -136,6 +205,8 @@ void ValueReader::skip() {
 /// The newest frame is ready for its text, or for the attachment that it stands for.
 void ValueReader::startText(const TypeAttributes& told) {
     m_context.text.reset();
+    m_decoding.reset();
+    m_decodingSize = largeEncoding;
     if (told.contentId.empty()) return;
     m_contentId = told.contentId;
     m_objStack.back().refers = true;
@@ -373,6 +444,7 @@ void ValueReader::append(std::string_view piece) {
     if (buffer.capacity() - buffer.pcount() < piece.size() && buffer.pcount() >= largeText)
         buffer.reserve(2 * buffer.capacity() + piece.size());
     buffer.appendChars(piece.data(), piece.size());
+    if (buffer.pcount() >= m_decodingSize && m_objStack.back().kind == Kind::Binary) decodeAhead();
 }
 
 /// Text that is nobody's may stand in most elements.
@@ -459,26 +531,27 @@ std::size_t ValueReader::setNumber(KORVASchemaTypeI& parent, const Frame& child)
     }
 }
 
+/// Decodes what has come of a large binary, so that its text is never there as a whole.
+void ValueReader::decodeAhead() {
+    if (m_decoding == nullptr) m_decoding = std::make_unique<Decoding>();
+    m_decoding->decode(m_context.text);
+    m_decodingSize = m_context.text.pcount() + largeEncoding;
+}
+
 void ValueReader::makeBinary(Frame& frame) {
-    const ZELByteBuffer& text = m_context.text;
-    BRIMMemoryInputStream encoded(text.str(), text.pcount());
-    BRIMBase64InputStream decoder(encoded);
-    // The bytes take the place of the text: the decoder has always read more than it gave.
-    char* const bytes = const_cast<char*>(text.str());
-    std::size_t length = 0;
-    while (length != text.pcount()) {
-        const long long count = decoder.read(bytes + length, text.pcount() - length);
-        if (count <= 0) break;
-        length += static_cast<std::size_t>(count);
-    }
+    ZELByteBuffer& bytes = m_context.text;
+    if (m_decoding != nullptr)
+        m_decoding->finish(bytes);
+    else
+        Decoding().finish(bytes);
+    const std::size_t length = bytes.pcount();
     auto* const value = makeRegistered<KORVAXSBase64Binary>(*m_context.registry);
     frame.value = value;
     if (length >= largeText) {
-        m_context.text.truncate(length);
-        if (length < hugeText) m_context.text.shrinkToFit();
-        value->adopt(m_context.text);
+        if (length < hugeText) bytes.shrinkToFit();
+        value->adopt(bytes);
     } else if (length != 0) {
-        value->append(bytes, length);
+        value->append(bytes.str(), length);
     }
 }
 

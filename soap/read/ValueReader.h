@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -25,7 +26,10 @@ struct TypeAttributes;
 class ValueReader {
 public:
     /// @param context must outlive the reader
-    explicit ValueReader(ReadingContext& context) : m_context(context) {}
+    explicit ValueReader(ReadingContext& context);
+    ValueReader(const ValueReader&) = delete;
+    ValueReader& operator=(const ValueReader&) = delete;
+    ~ValueReader();
 
     /// Begins with a root of which the parent knows the type, or e_Unknown.
     void startRoot(const Element& element, ObjectType expectedType);
@@ -91,6 +95,8 @@ private:
         std::size_t length;  ///< of Skipped: the elements open in it; of a text made: its bytes
     };
 
+    class Decoding;
+
     void append(std::string_view piece);
     void refuseText() const;
 
@@ -122,6 +128,7 @@ private:
     void makeValue(Frame& frame);
     void makeText(Frame& frame);
     void makeNumber(const Frame& frame, void* place);
+    void decodeAhead();
     void makeBinary(Frame& frame);
     void makeContent(Frame& frame);
     void setOnParent(const Frame& child);
@@ -137,6 +144,8 @@ private:
     ReadingContext& m_context;
     std::vector<Frame> m_objStack;  ///< newest at the back
     std::string m_contentId;
+    std::unique_ptr<Decoding> m_decoding;  ///< of a large binary whose text is coming, or null
+    std::size_t m_decodingSize = 0;        ///< how much text is collected before it is decoded
 };
 
 }  // namespace korva

@@ -196,6 +196,21 @@ TEST_F(ValueFailure, BadBase64IsTheStreamsMatter) {
     EXPECT_THROW(read("bus:base64BinaryProp", "<value>AAE</value>"), BRIMStreamError);
 }
 
+TEST_F(ValueFailure, ALargeBinaryIsRefusedByTheOffsetOfWhatIsBad) {
+    const std::string large(1'000'000, 'A');
+    const auto whatOf = [this](const std::string& text) -> std::string {
+        try {
+            read("bus:base64BinaryProp", "<value>" + text + "</value>");
+        } catch (const BRIMStreamError& error) {
+            return error.getText();
+        }
+        return {};
+    };
+    EXPECT_NE(whatOf(large + "*" + large).find("at offset 1000000"), std::string::npos);
+    EXPECT_NE(whatOf(large + "AA==" + large).find("at offset 1000004"), std::string::npos);
+    EXPECT_NE(whatOf(large + "AAE").find("at offset 1000003"), std::string::npos);
+}
+
 TEST_F(ValueFailure, AnUnknownWordOfAnEnumeration) {
     EXPECT_NUMBERED(read("bus:severityEnumProp", "<value>grave</value>"), 0xEA45DC29,
                     "_stringToEnum()", "severityEnum:grave");

@@ -405,6 +405,34 @@ TEST_F(ValueReading, LargeBinariesAreDecodedWhole) {
     EXPECT_EQ(std::string(binary->str(), binary->pcount()), expected);
 }
 
+TEST_F(ValueReading, LargeBinariesMayHoldMuchWhiteSpaceAnywhere) {
+    // Within groups, between them, and before the padding: more than is decoded at once.
+    const std::string space(100'000, ' ');
+    std::string text = space + "AA" + space + "E";
+    std::string expected;
+    for (int i = 0; i != 30'000; ++i)
+        text += "CAAE";  // the last of one group and the first three of the next
+    text += "C" + space + "AQ" + space + "=" + space + "=" + space;
+    for (int i = 0; i != 30'001; ++i)
+        expected += std::string("\x00\x01\x02", 3);
+    expected += '\x01';
+    const KORVAXSBase64Binary* const binary =
+        read<KORVABase64BinaryProp>("bus:base64BinaryProp", "<value>" + text + "</value>")
+            .getValue();
+    ASSERT_EQ(binary->pcount(), expected.size());
+    EXPECT_EQ(std::string(binary->str(), binary->pcount()), expected);
+}
+
+TEST_F(ValueReading, ALargeBinaryLeavesNothingToTheNext) {
+    const std::string large(400'000, 'A');
+    const auto& provider =
+        read<KORVABase64BinaryProp>("bus:base64BinaryProp", "<value>" + large + "</value>");
+    EXPECT_EQ(provider.getValue()->pcount(), 300'000U);
+    const KORVAXSBase64Binary* const next =
+        read<KORVABase64BinaryProp>("bus:base64BinaryProp", "<value>AAEC</value>").getValue();
+    EXPECT_EQ(std::string(next->str(), next->pcount()), std::string("\x00\x01\x02", 3));
+}
+
 TEST_F(ValueReading, EnumerationsAndRestrictedStringsAreMadeOfTheirText) {
     EXPECT_EQ(read<KORVASeverityEnumProp>("bus:severityEnumProp",
                                           "<value xsi:type=\"bus:severityEnum\">warn</value>")
