@@ -19,8 +19,8 @@ void addRatio(Ratio ratio);
 /// Measures what the ratios name, as far as the filter of the arguments takes one of the two, and
 /// prints the table. Benchmarks that share a ratio, directly or through others, are measured in
 /// rounds, one behind the other in each, in CPU time of their thread; a figure is the median of the
-/// rounds' ratios. With the argument `--alone`, what the filter takes runs without rounds and ratios,
-/// to be looked at by a profiler.
+/// rounds' ratios. With the argument `--alone`, what the filter takes runs without rounds and
+/// ratios, to be looked at by a profiler.
 /// @return what main returns: a failure if a must is missed, or a benchmark failed
 int runBenchmarks(int argc, char** argv);
 

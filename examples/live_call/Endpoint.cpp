@@ -58,6 +58,7 @@ Answer Endpoint::answer(const std::string& envelope, const std::string& action) 
             BRIMMemoryInputStream stream(envelope.data(), envelope.size());
             KORVASOAPMessageIDeserializer deserializer;
             deserializer.setMaximumDepth(deepestElement);
+            deserializer.setRefuseDocumentType(true);
             deserializer.parse(stream, m_services, call);
         } catch (const KORVAException& error) {
             return fault(Blame::eCaller, unreadable, errorOf(error));

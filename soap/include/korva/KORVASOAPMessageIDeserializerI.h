@@ -14,8 +14,9 @@ class KORVAPortTypeI;
 class KORVA_AttachmentHandler;
 
 /// Reads SOAP envelopes from streams. Keeps the state of its last parse; serves one call at a time,
-/// and may be used again after a failure. The XML platform (XMLPlatformUtils::Initialize) is the
-/// caller's to start and to end.
+/// and may be used again after a failure. Envelopes with a document type, and those that are not in
+/// UTF-8 and XML 1.0, need the XML platform (XMLPlatformUtils::Initialize), which is the caller's
+/// to start and to end; without it they end in ZELAssertError.
 class KORVA_EXPORT KORVASOAPMessageIDeserializerI {
 public:
     virtual ~KORVASOAPMessageIDeserializerI();

@@ -8,8 +8,9 @@ class KORVAObjectRegistryI;
 class KORVASchemaTypeI;
 
 /// Reads documents that hold one typed object each. Serves one call at a time, and may be used
-/// again after a failure. The XML platform (XMLPlatformUtils::Initialize) is the caller's to start
-/// and to end.
+/// again after a failure. Documents that are not in UTF-8 and XML 1.0 need the XML platform
+/// (XMLPlatformUtils::Initialize), which is the caller's to start and to end; without it they end
+/// in ZELAssertError.
 class KORVA_EXPORT KORVAXMLDeserializerI {
 public:
     virtual ~KORVAXMLDeserializerI();
