@@ -114,8 +114,7 @@ TEST_F(CompilerRun, TellsWhenASchemaCannotBeRead) {
 
 TEST_F(CompilerRun, TellsWhenTheListOfHandWrittenHeadersCannotBeRead) {
     const std::string missing = testFile("sample/nowhere.txt");
-    const Outcome outcome = runWith(
-        {"--schema", testFile("sample/sample.xsd"), "--hand-written", missing, "--out", out});
+    const Outcome outcome = runWith(sampleArguments({"--hand-written", missing, "--out", out}));
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.errors,
               missing + ":0: error: file: it cannot be read; expected an existing file\n");

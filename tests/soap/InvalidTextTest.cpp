@@ -279,7 +279,7 @@ TEST(InvalidText, NameAndNamespaceOfTheOperationAreLookedAt) {
     KORVASOAPSerializer serializer;
     CollectingStream stream;
     EXPECT_NUMBERED(serializer.serializeEnvelope({}, {}, "run\x01", "urn:x", stream), invalidText,
-                    nullptr, "/run\x01", "the character U+0001", setter);
+                    nullptr, "/run\\u{1}", "the character U+0001", setter);
     EXPECT_NUMBERED(serializer.serializeEnvelope({}, {}, "run", "urn:\x80", stream), invalidText,
                     nullptr, "/run", "invalid UTF-8, the byte 0x80", setter);
     serializer.setReplaceInvalidText(true);
