@@ -34,10 +34,10 @@ std::string zel::printable(std::string_view text) {
         std::string result;
         const auto* at = reinterpret_cast<const unsigned char*>(text.data());
         const unsigned char* const end = at + text.size();
+        char buffer[16] = {};
         while (at != end) {
             const unsigned char* const begin = at;
             const std::uint32_t point = utf::nextPoint(at, end);
-            char buffer[16];
             std::string_view piece(reinterpret_cast<const char*>(begin),
                                    static_cast<std::size_t>(at - begin));
             if (point == utf::replacement && piece.size() == 1)
