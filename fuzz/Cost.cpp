@@ -58,7 +58,15 @@ double processorSeconds() noexcept {
 
 #if defined(KORVA_FUZZ_ADDRESS_SANITIZER)
 
-#include <sanitizer/allocator_interface.h>
+// Of the sanitizer's interface, whose header does not come with every compiler.
+extern "C" {
+// NOLINTBEGIN(bugprone-reserved-identifier)
+int __sanitizer_install_malloc_and_free_hooks(void (*took)(const volatile void* block,
+                                                           std::size_t size),
+                                              void (*gave)(const volatile void* block));
+std::size_t __sanitizer_get_allocated_size(const volatile void* block);
+// NOLINTEND(bugprone-reserved-identifier)
+}
 
 namespace {
 
@@ -66,7 +74,7 @@ const int hooks = __sanitizer_install_malloc_and_free_hooks(
     [](const volatile void*, std::size_t size) { took(size); },
     [](const volatile void* block) {
         if (block != nullptr && isMeasuring.load(std::memory_order_relaxed))
-            gave(__sanitizer_get_allocated_size(const_cast<const void*>(block)));
+            gave(__sanitizer_get_allocated_size(block));
     });
 
 }  // namespace
