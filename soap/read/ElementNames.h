@@ -19,6 +19,9 @@ public:
     /// schema as long as the process.
     const char* find(const XMLCh* name);
 
+    /// How many different names there were that are no words of the schema.
+    std::size_t count() const { return m_others.size(); }
+
 private:
     /// What was found for a name at this address. The address may hold another name by now.
     struct Recent {

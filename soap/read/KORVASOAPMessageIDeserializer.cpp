@@ -110,3 +110,7 @@ void KORVASOAPMessageIDeserializer::setMaximumExpandedText(std::size_t units) {
 void KORVASOAPMessageIDeserializer::setRefuseDocumentType(bool refuse) {
     m_reader->limits().refuseDocumentType = refuse;
 }
+
+void KORVASOAPMessageIDeserializer::setMaximumNames(std::size_t names) {
+    m_reader->limits().names = names;
+}

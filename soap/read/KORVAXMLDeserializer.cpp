@@ -49,3 +49,7 @@ void KORVAXMLDeserializer::setMaximumAttributes(std::size_t attributes) {
 void KORVAXMLDeserializer::setMaximumDeclarations(std::size_t declarations) {
     m_reader->limits().declarations = declarations;
 }
+
+void KORVAXMLDeserializer::setMaximumNames(std::size_t names) {
+    m_reader->limits().names = names;
+}

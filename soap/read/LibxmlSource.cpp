@@ -265,6 +265,10 @@ void LibxmlSource::Parse::startElement(const xmlChar* localName, const xmlChar* 
         if (held - tag.rfind('<') > m_guard.limits().startTag) m_guard.refuseStartTag();
     }
 
+    // The parser's dictionary does not grow with its names for ever.
+    if (static_cast<std::size_t>(xmlDictSize(m_context.dict)) > m_guard.limits().names)
+        m_guard.refuseNames();
+
     const auto viewIn = [](Names& names, const xmlChar* text) {
         return text != nullptr ? names.find(text).view() : std::string_view();
     };

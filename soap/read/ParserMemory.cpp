@@ -23,6 +23,8 @@ namespace {
 
 constexpr std::size_t smallestSize = 32;
 constexpr std::size_t slabSize = 65536;
+/// More than the start tags that are allowed ever need.
+constexpr std::size_t slabsOfAStartTag = 160;
 /// A parser for an ordinary document has some 300 KB.
 constexpr std::size_t ordinarySize = std::size_t{2} << 20U;
 
@@ -64,6 +66,7 @@ void* ParserMemory::cut(std::size_t sizeClass) {
     const std::size_t size = sizeof(Header) + sizeOfClass(sizeClass);
     if (size > slabSize / 4) return new (addSlab(size) + 1) Header{sizeClass, nullptr};
     if (size > m_freeSize) {
+        if (++m_slabsSinceEvent > slabsOfAStartTag) throw TooManyBlocks();
         m_free = reinterpret_cast<char*>(addSlab(slabSize) + 1);
         m_freeSize = slabSize;
     }

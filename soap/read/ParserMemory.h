@@ -19,6 +19,9 @@ class ParserMemory final : public xercesc::MemoryManager {
 public:
     /// Thrown for a block that is larger than allowed.
     struct BlockTooLarge {};
+    /// Thrown when too many small blocks are asked for and none of them becomes an event: the
+    /// parser makes some for each attribute of a start tag before it tells of the tag.
+    struct TooManyBlocks {};
 
     ParserMemory() = default;
     ParserMemory(const ParserMemory&) = delete;
@@ -55,6 +58,9 @@ public:
     void deallocate(void* block) override;
     xercesc::MemoryManager* getExceptionMemoryManager() override;
 
+    /// The parser told something of the document.
+    void noteEvent() noexcept { m_slabsSinceEvent = 0; }
+
     /// Frees all blocks, given back or not.
     void release() noexcept;
 
@@ -82,7 +88,8 @@ private:
     std::size_t m_largestBlock = static_cast<std::size_t>(-1);
     Slab* m_slabs = nullptr;
     std::size_t m_slabsSize = 0;
-    char* m_free = nullptr;  ///< what is not cut yet of the newest slab
+    std::size_t m_slabsSinceEvent = 0;  ///< for small blocks
+    char* m_free = nullptr;             ///< what is not cut yet of the newest slab
     std::size_t m_freeSize = 0;
     std::array<Header*, classCount> m_freeBlocks{};
     std::size_t m_watchedSize = 0;

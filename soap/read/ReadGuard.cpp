@@ -86,6 +86,10 @@ void ReadGuard::refuseStartTag() const {
     refuse("bytes of a start tag", m_limits.startTag, "setMaximumStartTag");
 }
 
+void ReadGuard::refuseNames() const {
+    refuse("different names", m_limits.names, "setMaximumNames");
+}
+
 void ReadGuard::refuseEntityExpansion() const {
     refuse("entity expansions", m_limits.entityExpansions, "setMaximumEntityExpansions");
 }

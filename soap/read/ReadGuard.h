@@ -59,6 +59,8 @@ public:
     /// @throws KORVAException 0xEA4F0001: always
     [[noreturn]] void refuseStartTag() const;
     /// @throws KORVAException 0xEA4F0001: always
+    [[noreturn]] void refuseNames() const;
+    /// @throws KORVAException 0xEA4F0001: always
     [[noreturn]] void refuseEntityExpansion() const;
     /// @throws KORVAException 0xEA4F0001: always
     [[noreturn]] void refuseEntityNesting() const;

@@ -12,6 +12,7 @@ struct ReadLimits {
     std::size_t startTag = std::size_t{64} << 10U;  ///< in bytes
     std::size_t attributes = 256;                   ///< of one start tag, declarations included
     std::size_t declarations = 1'000;               ///< in scope at one place
+    std::size_t names = 50'000;  ///< that differ, of elements, attributes, prefixes
     std::size_t entityExpansions = 10'000;
     std::size_t entityNesting = 64;
     std::size_t expandedText = std::size_t{1} << 20U;  ///< or ten times the document, in UTF-16

@@ -30,6 +30,8 @@ public:
     /// A prefix or a namespace in UTF-8, which lives as long as this object.
     const char* name(const XMLCh* text) { return m_names.find(text); }
 
+    std::size_t nameCount() const { return m_names.count(); }
+
     /// Forgets half a character: the text that it stood in is nobody's.
     void startText() { m_converter.reset(); }
     void text(const XMLCh* text, XMLSize_t length, DocumentReceiver& receiver);

@@ -34,7 +34,8 @@ namespace korva {
 /// Takes the parser's events.
 class XercesSource::Handler final : public xercesc::DefaultHandler {
 public:
-    Handler(ReadGuard& guard, EntityBudget& budget) : m_guard(guard), m_budget(budget) {}
+    Handler(ReadGuard& guard, EntityBudget& budget, ParserMemory& memory)
+        : m_guard(guard), m_budget(budget), m_memory(memory) {}
 
     /// Remembers what ended the bytes of the document too early. It is told when the parser has
     /// come to where they end: what it finds before that is the document's first failure.
@@ -52,6 +53,7 @@ public:
     /// Calls `action` and notes the position if it throws.
     template <class Action>
     void forward(Action action) {
+        m_memory.noteEvent();
         try {
             action();
         } catch (...) {
@@ -94,6 +96,7 @@ public:
             if (length > m_guard.limits().startTag) m_guard.refuseStartTag();
             m_budget.addElement(length);
             const Element element = m_events.element(uri, localName, qName, attributes);
+            if (m_events.nameCount() > m_guard.limits().names) m_guard.refuseNames();
             if (element.prefix == "xmlns")
                 throw NotWellFormed{"The prefix 'xmlns' is no prefix of elements."};
             m_events.startText();
@@ -113,6 +116,7 @@ public:
     void resetDocType() override {
         if (m_guard.limits().refuseDocumentType) forward([this] { m_guard.refuseDocumentType(); });
     }
+    void elementDecl(const XMLCh*, const XMLCh*) override { m_memory.noteEvent(); }
     void internalEntityDecl(const XMLCh* name, const XMLCh* value) override {
         forward([=, this] {
             m_budget.declareEntity(utf8(name), std::char_traits<XMLCh>::length(value));
@@ -155,6 +159,7 @@ private:
 
     ReadGuard& m_guard;
     EntityBudget& m_budget;
+    ParserMemory& m_memory;
     I18NConverter m_converter;
     WideEvents m_events{m_converter};
     const xercesc::Locator* m_locator = nullptr;
@@ -300,12 +305,14 @@ void XercesSource::parse(DocumentBytes& bytes, bool isUtf8, ReadGuard& guard) {
                                  : std::numeric_limits<std::size_t>::max() / 2);
     m_memory.trim();  // a failure may have left much behind
     EntityBudget budget(guard.limits(), guard);
-    Handler handler(guard, budget);
+    Handler handler(guard, budget, m_memory);
     Input input(bytes, isUtf8, budget, handler, m_memory);
     try {
         run(input, handler, budget);
     } catch (const ParserMemory::BlockTooLarge&) {
         guard.refuseText();
+    } catch (const ParserMemory::TooManyBlocks&) {
+        guard.refuseStartTag();
     } catch (const xercesc::SAXParseException& exception) {
         guard.notePosition({exception.getLineNumber(), exception.getColumnNumber()});
         handler.rethrowEndOfBytes();

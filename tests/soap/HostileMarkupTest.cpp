@@ -226,6 +226,16 @@ TEST(HostileMarkup, DeclarationsInScopeHaveALimit) {
               nullptr);
 }
 
+TEST(HostileMarkup, DifferentNamesHaveALimit) {
+    DocumentReader reader;
+    for (const char* const declaration : {"", "<?xml version=\"1.1\"?>"})
+        EXPECT_NUMBERED(
+            reader.read(declaration + document("bus:provider", numbered("<n", 51'000, "/>"))),
+            0xEA4F0001, xml, "different names", "50000", "setMaximumNames");
+    reader.deserializer.setMaximumNames(60'000);
+    EXPECT_NE(reader.read(document("bus:provider", numbered("<n", 51'000, "/>"))), nullptr);
+}
+
 TEST(HostileMarkup, TheHandlersHaveTheSameLimits) {
     KORVANamespaceMapping mapping;
     I18NConverter converter;

@@ -48,6 +48,10 @@ public:
     /// in KORVAException 0xEA4F0001.
     void setMaximumDeclarations(std::size_t declarations);
 
+    /// How many different names of elements, attributes, prefixes and namespaces a document may
+    /// have: 50,000 at first. More end in KORVAException 0xEA4F0001.
+    void setMaximumNames(std::size_t names);
+
     /// How many entities of a document type, of both kinds, may be expanded: 10,000 at first. More
     /// end in KORVAException 0xEA4F0001.
     void setMaximumEntityExpansions(std::size_t expansions);

@@ -40,6 +40,10 @@ public:
     /// in KORVAException 0xEA4F0001.
     void setMaximumDeclarations(std::size_t declarations);
 
+    /// How many different names of elements, attributes, prefixes and namespaces a document may
+    /// have: 50,000 at first. More end in KORVAException 0xEA4F0001.
+    void setMaximumNames(std::size_t names);
+
 private:
     ZELOwner<korva::XmlReader> m_reader;
 };
