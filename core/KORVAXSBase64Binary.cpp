@@ -7,21 +7,9 @@
 #include <zel/ZELByteBuffer.h>
 #include <zel/ZELFrame.h>
 
-#include <cstdlib>
 #include <cstring>
 #include <limits>
 #include <new>
-
-namespace {
-
-/// Memory for the bytes of a value, with those that stand in `present`, which is taken.
-char* allocate(char* present, std::size_t size) {
-    void* const memory = std::realloc(present, size);
-    if (memory == nullptr) throw std::bad_alloc();
-    return static_cast<char*>(memory);
-}
-
-}  // namespace
 
 KORVAXSBase64Binary::KORVAXSBase64Binary()
     : m_streamable(nullptr), m_buffer(nullptr), m_length(0), m_capacity(0), m_isContentId(false) {}
@@ -32,7 +20,7 @@ KORVAXSBase64Binary::KORVAXSBase64Binary(const char* data, std::size_t length)
     if (length == 0) length = std::strlen(data);
     if (length == 0) return;
     ZEL_TRY {
-        m_buffer = allocate(nullptr, length);
+        m_buffer = new char[length];
         std::memcpy(m_buffer, data, length);
         m_length = m_capacity = length;
     }
@@ -47,7 +35,7 @@ KORVAXSBase64Binary::~KORVAXSBase64Binary() {
 }
 
 void KORVAXSBase64Binary::release() {
-    if (m_capacity != 0) std::free(m_buffer);
+    if (m_capacity != 0) delete[] m_buffer;
     m_buffer = nullptr;
     m_length = m_capacity = 0;
 }
@@ -62,7 +50,10 @@ void KORVAXSBase64Binary::append(const char* data, std::size_t length) {
             throw std::bad_alloc();
         if (m_capacity < held + length) {
             const std::size_t capacity = m_capacity + 2 * length;
-            m_buffer = allocate(m_capacity != 0 ? m_buffer : nullptr, capacity);
+            char* const buffer = new char[capacity];
+            if (held != 0) std::memcpy(buffer, m_buffer, held);
+            if (m_capacity != 0) delete[] m_buffer;
+            m_buffer = buffer;
             m_capacity = capacity;
         }
         m_streamable = nullptr;

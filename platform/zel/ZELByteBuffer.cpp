@@ -1,11 +1,12 @@
 #include "zel/ZELByteBuffer.h"
 
+#include <zel/ZELFrame.h>
 #include <zel/ZELOutOfMemoryError.h>
 #include <zel/ZELThrow.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <limits>
+#include <new>
 #include <utility>
 
 namespace {
@@ -50,7 +51,7 @@ ZELByteBuffer& ZELByteBuffer::operator=(ZELByteBuffer&& other) noexcept {
 }
 
 ZELByteBuffer::~ZELByteBuffer() {
-    std::free(m_pBuffer);
+    delete[] m_pBuffer;
 }
 
 void ZELByteBuffer::reserve(std::size_t length) {
@@ -59,12 +60,13 @@ void ZELByteBuffer::reserve(std::size_t length) {
 
 void ZELByteBuffer::shrinkToFit() noexcept {
     if (m_length == m_capacity) return;
-    if (m_length == 0) {
-        std::free(release());
-        return;
+    char* smaller = nullptr;
+    if (m_length != 0) {
+        smaller = new (std::nothrow) char[m_length + 1];
+        if (!smaller) return;
+        std::memcpy(smaller, m_pBuffer, m_length + 1);
     }
-    char* const smaller = static_cast<char*>(std::realloc(m_pBuffer, m_length + 1));
-    if (smaller == nullptr) return;
+    delete[] m_pBuffer;
     m_pBuffer = smaller;
     m_capacity = m_length;
 }
@@ -101,11 +103,16 @@ void ZELByteBuffer::grow(std::size_t more) {
 }
 
 void ZELByteBuffer::reallocate(std::size_t capacity) {
-    // Not by `new`: a large buffer grows where it stands, or is moved without a copy.
-    char* const buffer =
-        capacity <= limit ? static_cast<char*>(std::realloc(m_pBuffer, capacity + 1)) : nullptr;
-    if (buffer == nullptr) ZEL_THROW(ZELOutOfMemoryError(), "ZELByteBuffer::reallocate");
-    buffer[m_length] = '\0';
-    m_pBuffer = buffer;
-    m_capacity = capacity;
+    if (capacity > limit) ZEL_THROW(ZELOutOfMemoryError(), "ZELByteBuffer::reallocate");
+    ZEL_TRY {
+        char* buffer = new char[capacity + 1];
+        if (m_pBuffer) {
+            std::memcpy(buffer, m_pBuffer, m_length);
+            delete[] m_pBuffer;
+        }
+        buffer[m_length] = '\0';
+        m_pBuffer = buffer;
+        m_capacity = capacity;
+    }
+    ZEL_CATCH("ZELByteBuffer::reallocate");
 }

@@ -71,7 +71,7 @@ TEST(ReadingAllocation, AFailureAtAServerLeavesNothingBehind) {
                                    "r\xC3\xA4");
                   },
                   Absorbed::Harmless),
-              30U);
+              korva::test::countsMalloc() ? 30U : 10U);
 }
 
 TEST(ReadingAllocation, AFailureAtAClientLeavesNothingBehind) {
@@ -85,7 +85,7 @@ TEST(ReadingAllocation, AFailureAtAClientLeavesNothingBehind) {
                       EXPECT_STREQ(reply.getResult()->getStatus()->toString(), "complete");
                   },
                   Absorbed::Harmless),
-              30U);
+              korva::test::countsMalloc() ? 30U : 10U);
 }
 
 TEST(ReadingAllocation, AFailureInADocumentLeavesNothingBehind) {
@@ -93,7 +93,7 @@ TEST(ReadingAllocation, AFailureInADocumentLeavesNothingBehind) {
     EXPECT_GT(forEachFailingAllocation(
                   [&] { EXPECT_STREQ(DocumentReader().read<KORVAProvider>(text).getName(), "n"); },
                   Absorbed::Harmless),
-              30U);
+              korva::test::countsMalloc() ? 30U : 10U);
 }
 
 TEST(ReadingAllocation, AFailureInADocumentTypeLeavesNothingBehind) {
@@ -101,7 +101,7 @@ TEST(ReadingAllocation, AFailureInADocumentTypeLeavesNothingBehind) {
                              operation("run", "<objectPath>&a;&b;</objectPath>");
     EXPECT_GT(forEachFailingAllocation([&] { EXPECT_STREQ(pathOf(readRequest(text)), "x"); },
                                        Absorbed::Harmless),
-              30U);
+              korva::test::countsMalloc() ? 30U : 10U);
 }
 
 TEST(ReadingAllocation, ADocumentThatIsNotWellFormedLeavesNothingBehind) {
@@ -109,7 +109,7 @@ TEST(ReadingAllocation, ADocumentThatIsNotWellFormedLeavesNothingBehind) {
     EXPECT_GT(
         forEachFailingAllocation([&] { EXPECT_THROW(DocumentReader().read(text), ZELThrowable); },
                                  Absorbed::Harmless),
-        15U);
+        korva::test::countsMalloc() ? 15U : 5U);
 }
 
 TEST(ReadingAllocation, ADeserializerServesOnAfterEachFailure) {

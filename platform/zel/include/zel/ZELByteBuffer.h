@@ -63,7 +63,7 @@ public:
     /// bytes. Does nothing if there is no memory for the smaller allocation.
     void shrinkToFit() noexcept;
 
-    /// Gives the bytes, with their NUL, to the caller, who frees them with `std::free`, and forgets
+    /// Gives the bytes, with their NUL, to the caller, who frees them with `delete[]`, and forgets
     /// them. Null if nothing was allocated.
     char* release() noexcept;
 
