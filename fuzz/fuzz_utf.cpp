@@ -59,6 +59,6 @@ void fromUtf16(const std::u16string& wide) {
 void korva::fuzz::attack(std::string_view input) {
     fromUtf8(input);
     std::u16string wide(input.size() / 2, u'\0');
-    std::memcpy(wide.data(), input.data(), wide.size() * sizeof(char16_t));
+    if (!wide.empty()) std::memcpy(wide.data(), input.data(), wide.size() * sizeof(char16_t));
     fromUtf16(wide);
 }
