@@ -1,5 +1,6 @@
 #include "korva/KORVADOMObjectDeserializer.h"
 
+#include "soap/read/ReadLimits.h"
 #include "soap/read/Utf16.h"
 
 #include <korva/KORVADOMToSAXAttributesImpl.h>
@@ -135,7 +136,9 @@ KORVASchemaTypeI* KORVADOMObjectDeserializer::read(const ZELIDOM_Element& domIn,
 
 KORVADOMObjectDeserializerI::~KORVADOMObjectDeserializerI() = default;
 
-KORVADOMObjectDeserializer::KORVADOMObjectDeserializer() = default;
+KORVADOMObjectDeserializer::KORVADOMObjectDeserializer()
+    : m_maximumAttributes(korva::ReadLimits().attributes),
+      m_maximumDeclarations(korva::ReadLimits().declarations) {}
 
 KORVADOMObjectDeserializer::~KORVADOMObjectDeserializer() = default;
 

@@ -390,9 +390,7 @@ void LibxmlSource::parse(DocumentBytes& bytes, ReadGuard& guard) {
     const SilentErrors silence;
     // A parser that fails is not used again.
     std::unique_ptr<Parser> parser = std::move(m_parser);
-    if (parser == nullptr) {
-        parser = std::make_unique<Parser>(Parse::handler());
-    }
+    if (parser == nullptr) parser = std::make_unique<Parser>(Parse::handler());
     Parse(*parser, bytes, guard).run();
     if (parser->isOrdinary()) m_parser = std::move(parser);
 }

@@ -1,5 +1,7 @@
 #include "soap/read/Utf8Check.h"
 
+#include "soap/Utf8.h"
+
 #include <cstdint>
 #include <cstring>
 
@@ -18,25 +20,6 @@ bool areAscii(const char* bytes) {
     return ((word | (word - lowBits)) & highBits) == 0;
 }
 
-/// The bytes of the character that `lead` starts, and the lowest and highest second byte; 0 bytes
-/// if it starts none.
-struct Form {
-    unsigned length;
-    unsigned char low;
-    unsigned char high;
-};
-
-Form formOf(unsigned char lead) {
-    if (lead >= 0xC2 && lead <= 0xDF) return {2, 0x80, 0xBF};
-    if (lead == 0xE0) return {3, 0xA0, 0xBF};
-    if (lead == 0xED) return {3, 0x80, 0x9F};
-    if (lead >= 0xE1 && lead <= 0xEF) return {3, 0x80, 0xBF};
-    if (lead == 0xF0) return {4, 0x90, 0xBF};
-    if (lead >= 0xF1 && lead <= 0xF3) return {4, 0x80, 0xBF};
-    if (lead == 0xF4) return {4, 0x80, 0x8F};
-    return {0, 0, 0};
-}
-
 }  // namespace
 
 std::size_t utf8Prefix(std::string_view text, bool& isCut) {
@@ -53,9 +36,9 @@ std::size_t utf8Prefix(std::string_view text, bool& isCut) {
             ++i;
             continue;
         }
-        const Form form = formOf(lead);
+        const Utf8Form form = utf8FormOf(lead);
         if (form.length == 0) return i;
-        for (unsigned k = 1; k != form.length; ++k) {
+        for (std::size_t k = 1; k != form.length; ++k) {
             if (i + k == text.size()) {
                 isCut = true;
                 return i;

@@ -1,5 +1,7 @@
 #include "soap/write/TextStreams.h"
 
+#include "soap/Utf8.h"
+
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
@@ -26,14 +28,10 @@ struct Sequence {
 Sequence sequenceAt(const unsigned char* at, const unsigned char* end) {
     const unsigned lead = *at;
     if (lead < 0x80) return {lead < 0x20 ? Sequence::NoCharacter : Sequence::Character, 1};
-    if (lead < 0xC2 || lead > 0xF4) return {Sequence::Malformed, 1};
-    const std::size_t length = lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
+    const auto [length, low, high] = utf8FormOf(*at);
+    if (length == 0) return {Sequence::Malformed, 1};
     const std::size_t present = std::min(length, static_cast<std::size_t>(end - at));
     if (present > 1) {
-        // What the second byte may be keeps out longer forms than needed, surrogates, and what is
-        // beyond the last character.
-        const unsigned low = lead == 0xE0 ? 0xA0 : lead == 0xF0 ? 0x90 : 0x80;
-        const unsigned high = lead == 0xED ? 0x9F : lead == 0xF4 ? 0x8F : 0xBF;
         if (at[1] < low || at[1] > high) return {Sequence::Malformed, 1};
         for (std::size_t i = 2; i < present; ++i)
             if ((at[i] & 0xC0U) != 0x80U) return {Sequence::Malformed, 1};

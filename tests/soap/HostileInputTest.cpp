@@ -1,5 +1,5 @@
 // Documents that are made to do harm.
-#include "tests/soap/Reading.h"
+#include "tests/soap/HostileText.h"
 #include "tests/support/ExpectThrow.h"
 
 #include <korva/KORVAAsynchRun_Request.h>
@@ -27,33 +27,21 @@ using korva::test::document;
 using korva::test::DocumentReader;
 using korva::test::envelope;
 using korva::test::operation;
+using korva::test::pathOf;
 using korva::test::placeIn;
 using korva::test::readRequest;
+using korva::test::repeated;
+using korva::test::soapParse;
 using korva::test::traceOf;
-
-constexpr const char* soap = "KORVASOAPMessageIDeserializer::parse";
-constexpr const char* xml = "KORVAXMLDeserializer::parse";
-
-std::string repeated(const std::string& text, int count) {
-    std::string result;
-    for (int i = 0; i != count; ++i)
-        result += text;
-    return result;
-}
-
-const char* pathOf(const Binding& binding) {
-    return static_cast<KORVAAsynchRun_Request&>(binding->getInputMessage())
-        .getObjectPath()
-        ->getValue();
-}
+using korva::test::xmlParse;
 
 // ----- depth -----
 
 TEST(HostileInput, NestingOfAHundredThousandLevelsEndsAtTheLimit) {
     DocumentReader reader;
     const std::string text = document("bus:provider", repeated("<a>", 100'000));
-    EXPECT_NUMBERED(reader.read(text), 0xEA4F0001, xml, "depth", "10000", "setMaximumDepth");
-    EXPECT_NUMBERED(readRequest(operation("run", repeated("<a>", 100'000))), 0xEA4F0001, soap,
+    EXPECT_NUMBERED(reader.read(text), 0xEA4F0001, xmlParse, "depth", "10000", "setMaximumDepth");
+    EXPECT_NUMBERED(readRequest(operation("run", repeated("<a>", 100'000))), 0xEA4F0001, soapParse,
                     "depth", "10000", "setMaximumDepth");
 }
 
@@ -61,20 +49,20 @@ TEST(HostileInput, TheDepthLimitCountsTheRootAndCanBeSet) {
     DocumentReader reader;
     reader.deserializer.setMaximumDepth(3);
     EXPECT_NE(reader.read(document("bus:provider", "<a><b/><b/></a><a><b/></a>")), nullptr);
-    EXPECT_NUMBERED(reader.read(document("bus:provider", "<a><b><c/></b></a>")), 0xEA4F0001, xml,
-                    "depth", "3", "setMaximumDepth");
+    EXPECT_NUMBERED(reader.read(document("bus:provider", "<a><b><c/></b></a>")), 0xEA4F0001,
+                    xmlParse, "depth", "3", "setMaximumDepth");
     KORVASOAPMessageIDeserializer deserializer;
     deserializer.setMaximumDepth(4);
     readRequest(deserializer, operation("run", "<objectPath/>"));
     EXPECT_NUMBERED(readRequest(deserializer, operation("run", "<objectPath><a/></objectPath>")),
-                    0xEA4F0001, soap, "depth", "4", "setMaximumDepth");
+                    0xEA4F0001, soapParse, "depth", "4", "setMaximumDepth");
 }
 
 TEST(HostileInput, TheLimitComesBeforeAnythingElseIsLookedAt) {
     DocumentReader reader;
     reader.deserializer.setMaximumDepth(1);
     EXPECT_NUMBERED(reader.read(document("bus:provider", "<name xsi:type=\"bus:noSuchType\"/>")),
-                    0xEA4F0001, xml, "depth", "1", "setMaximumDepth");
+                    0xEA4F0001, xmlParse, "depth", "1", "setMaximumDepth");
 }
 
 // ----- text -----
@@ -89,15 +77,15 @@ TEST(HostileInput, TextIsLimitedInAll) {
         "12345");
     EXPECT_NUMBERED(
         reader.read(document("bus:provider", "<name>12345</name><build>678901</build>")),
-        0xEA4F0001, xml, "text", "10", "setMaximumText");
+        0xEA4F0001, xmlParse, "text", "10", "setMaximumText");
     // Skipped text counts, too.
     EXPECT_NUMBERED(reader.read(document("bus:provider", "<unknown>12345678901</unknown>")),
-                    0xEA4F0001, xml, "text", "10", "setMaximumText");
+                    0xEA4F0001, xmlParse, "text", "10", "setMaximumText");
     KORVASOAPMessageIDeserializer deserializer;
     deserializer.setMaximumText(10);
     EXPECT_NUMBERED(
         readRequest(deserializer, operation("run", "<objectPath>12345678901</objectPath>")),
-        0xEA4F0001, soap, "text", "10", "setMaximumText");
+        0xEA4F0001, soapParse, "text", "10", "setMaximumText");
 }
 
 TEST(HostileInput, ATextInAnAttributeIsLimitedToo) {
@@ -106,7 +94,7 @@ TEST(HostileInput, ATextInAnAttributeIsLimitedToo) {
                              operation("run", "<objectPath x=\"" + repeated("&a;", 2000) + "\"/>");
     KORVASOAPMessageIDeserializer deserializer;
     deserializer.setMaximumText(100'000);
-    EXPECT_NUMBERED(readRequest(deserializer, text), 0xEA4F0001, soap, "text", "100000",
+    EXPECT_NUMBERED(readRequest(deserializer, text), 0xEA4F0001, soapParse, "text", "100000",
                     "setMaximumText");
     readRequest(deserializer, operation("run", ""));
 }
@@ -120,8 +108,8 @@ TEST(HostileInput, EntitiesThatExpandEntitiesEndAtTheLimit) {
                    repeated("&l" + std::to_string(i - 1) + ";", 10) + "'>";
     const std::string text = doctype + "]>" + operation("run", "<objectPath>&l9;</objectPath>");
     KORVASOAPMessageIDeserializer deserializer;
-    EXPECT_NUMBERED(readRequest(deserializer, text), 0xEA4F0001, soap, "entity expansions", "10000",
-                    "setMaximumEntityExpansions");
+    EXPECT_NUMBERED(readRequest(deserializer, text), 0xEA4F0001, soapParse, "entity expansions",
+                    "10000", "setMaximumEntityExpansions");
     const auto trace = traceOf([&] { readRequest(deserializer, text); });
     ASSERT_EQ(trace.size(), 2U);
     EXPECT_NE(placeIn(trace[1]).find("element /Envelope/Body/run/objectPath"), std::string::npos)
@@ -129,7 +117,7 @@ TEST(HostileInput, EntitiesThatExpandEntitiesEndAtTheLimit) {
     // In an attribute, too.
     EXPECT_NUMBERED(
         readRequest(deserializer, doctype + "]>" + operation("run", "<objectPath x='&l9;'/>")),
-        0xEA4F0001, soap, "entity expansions", "10000", "setMaximumEntityExpansions");
+        0xEA4F0001, soapParse, "entity expansions", "10000", "setMaximumEntityExpansions");
 }
 
 TEST(HostileInput, PredefinedEntitiesAreNoExpansions) {
@@ -148,8 +136,8 @@ TEST(HostileInput, TheLimitOnEntityExpansionsCanBeSet) {
     deserializer.setMaximumEntityExpansions(3);
     EXPECT_STREQ(pathOf(readRequest(deserializer, text)), "xxx");
     deserializer.setMaximumEntityExpansions(2);
-    EXPECT_NUMBERED(readRequest(deserializer, text), 0xEA4F0001, soap, "entity expansions", "2",
-                    "setMaximumEntityExpansions");
+    EXPECT_NUMBERED(readRequest(deserializer, text), 0xEA4F0001, soapParse, "entity expansions",
+                    "2", "setMaximumEntityExpansions");
 }
 
 TEST(HostileInput, NoExternalEntityIsOpened) {

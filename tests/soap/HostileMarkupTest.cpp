@@ -1,5 +1,5 @@
 // Markup that is made to deceive, or to cost more than it weighs.
-#include "tests/soap/Reading.h"
+#include "tests/soap/HostileText.h"
 #include "tests/support/ExpectThrow.h"
 
 #include <korva/KORVAAsynchReply.h>
@@ -28,19 +28,13 @@ using korva::test::DocumentReader;
 using korva::test::envelope;
 using korva::test::makeCall;
 using korva::test::operation;
+using korva::test::pathOf;
 using korva::test::readReply;
 using korva::test::readRequest;
+using korva::test::repeated;
 using korva::test::reportNamespace;
-
-constexpr const char* soap = "KORVASOAPMessageIDeserializer::parse";
-constexpr const char* xml = "KORVAXMLDeserializer::parse";
-
-std::string repeated(const std::string& text, int count) {
-    std::string result;
-    for (int i = 0; i != count; ++i)
-        result += text;
-    return result;
-}
+using korva::test::soapParse;
+using korva::test::xmlParse;
 
 std::string numbered(const std::string& before, int count, const std::string& behind) {
     std::string result;
@@ -61,12 +55,6 @@ unsigned refusalOf(const std::string& text) {
 
 constexpr unsigned notWellFormed = 0xEA441F8B;
 
-const char* pathOf(const Binding& binding) {
-    return static_cast<KORVAAsynchRun_Request&>(binding->getInputMessage())
-        .getObjectPath()
-        ->getValue();
-}
-
 // ----- document types -----
 
 TEST(HostileMarkup, NoCommentHidesADocumentType) {
@@ -80,9 +68,9 @@ TEST(HostileMarkup, NoCommentHidesADocumentType) {
     }
     DocumentReader reader;
     EXPECT_NUMBERED(reader.read("<!--><a>--><!DOCTYPE root>" + document("bus:provider", "")),
-                    0xEA4EB50B, xml);
+                    0xEA4EB50B, xmlParse);
     EXPECT_NUMBERED(reader.read("<!---><a>--><!DOCTYPE root>" + document("bus:provider", "")),
-                    0xEA4EB50B, xml);
+                    0xEA4EB50B, xmlParse);
     EXPECT_STREQ(pathOf(readRequest("<!--><a>--><!DOCTYPE e [<!ENTITY x 'y'>]>" +
                                     operation("run", "<objectPath>&x;</objectPath>"))),
                  "y");
@@ -92,17 +80,17 @@ TEST(HostileMarkup, AnEntityThatClosesAQuoteMakesNoSecondRoot) {
     const std::string text = "<!--><a>--><!DOCTYPE x [<!ENTITY e '\"><root xmlns=\"u\">'>]>" +
                              document("bus:provider", "<name>n</name>");
     DocumentReader reader;
-    EXPECT_NUMBERED(reader.read(text), 0xEA4EB50B, xml);
+    EXPECT_NUMBERED(reader.read(text), 0xEA4EB50B, xmlParse);
 }
 
 TEST(HostileMarkup, AServerMayRefuseDocumentTypes) {
     KORVASOAPMessageIDeserializer deserializer;
     deserializer.setRefuseDocumentType(true);
     const std::string request = operation("run", "<objectPath>/a</objectPath>");
-    EXPECT_NUMBERED(readRequest(deserializer, "<!DOCTYPE e>" + request), 0xEA4EB50B, soap);
+    EXPECT_NUMBERED(readRequest(deserializer, "<!DOCTYPE e>" + request), 0xEA4EB50B, soapParse);
     EXPECT_NUMBERED(
         readRequest(deserializer, "<!--" + std::string(5000, ' ') + "--><!DOCTYPE e>" + request),
-        0xEA4EB50B, soap);
+        0xEA4EB50B, soapParse);
     EXPECT_STREQ(pathOf(readRequest(deserializer, request)), "/a");
     deserializer.setRefuseDocumentType(false);
     EXPECT_STREQ(pathOf(readRequest(deserializer, "<!DOCTYPE e>" + request)), "/a");
@@ -165,11 +153,11 @@ TEST(HostileMarkup, ManyAttributesEndAtALimit) {
         EXPECT_NUMBERED(
             reader.read(doctype + ("<root" + declarations() + " xsi:type=\"bus:provider\"><name" +
                                    numbered(" a", 300, "=\"\"") + "/></root>")),
-            0xEA4F0001, xml, "attributes of a start tag", "256", "setMaximumAttributes");
+            0xEA4F0001, xmlParse, "attributes of a start tag", "256", "setMaximumAttributes");
         EXPECT_NUMBERED(
             reader.read(doctype + ("<root" + declarations() + " xsi:type=\"bus:provider\"><name" +
                                    numbered(" xmlns:a", 300, "=\"u\"") + "/></root>")),
-            0xEA4F0001, xml, "attributes of a start tag", "256", "setMaximumAttributes");
+            0xEA4F0001, xmlParse, "attributes of a start tag", "256", "setMaximumAttributes");
     }
     reader.deserializer.setMaximumAttributes(300);
     EXPECT_NE(
@@ -179,21 +167,21 @@ TEST(HostileMarkup, ManyAttributesEndAtALimit) {
 
 TEST(HostileMarkup, AStartTagHasALimit) {
     DocumentReader reader;
-    EXPECT_NUMBERED(reader.read("<root" + numbered(" a", 100'000, "=\"\"") + "/>"), 0xEA4F0001, xml,
-                    "bytes of a start tag", "65536", "setMaximumStartTag");
-    EXPECT_NUMBERED(reader.read("<root a='" + std::string(70'000, '>') + "'/>"), 0xEA4F0001, xml,
-                    "bytes of a start tag", "65536", "setMaximumStartTag");
+    EXPECT_NUMBERED(reader.read("<root" + numbered(" a", 100'000, "=\"\"") + "/>"), 0xEA4F0001,
+                    xmlParse, "bytes of a start tag", "65536", "setMaximumStartTag");
+    EXPECT_NUMBERED(reader.read("<root a='" + std::string(70'000, '>') + "'/>"), 0xEA4F0001,
+                    xmlParse, "bytes of a start tag", "65536", "setMaximumStartTag");
     EXPECT_NUMBERED(
         reader.read("<?xml version=\"1.1\"?><root a='" + std::string(70'000, 'x') + "'/>"),
-        0xEA4F0001, xml, "bytes of a start tag", "65536", "setMaximumStartTag");
+        0xEA4F0001, xmlParse, "bytes of a start tag", "65536", "setMaximumStartTag");
     EXPECT_NUMBERED(
         readRequest("<!DOCTYPE e>" +
                     operation("run", "<objectPath a='" + std::string(70'000, 'x') + "'/>")),
-        0xEA4F0001, soap, "bytes of a start tag", "65536", "setMaximumStartTag");
+        0xEA4F0001, soapParse, "bytes of a start tag", "65536", "setMaximumStartTag");
     reader.deserializer.setMaximumStartTag(1000);
     EXPECT_NUMBERED(
         reader.read(document("bus:provider", "<name a='" + std::string(1100, 'x') + "'/>")),
-        0xEA4F0001, xml, "bytes of a start tag", "1000", "setMaximumStartTag");
+        0xEA4F0001, xmlParse, "bytes of a start tag", "1000", "setMaximumStartTag");
     EXPECT_NE(reader.read(document("bus:provider", "<name a='" + std::string(900, 'x') + "'/>")),
               nullptr);
 }
@@ -219,7 +207,7 @@ TEST(HostileMarkup, DeclarationsInScopeHaveALimit) {
     for (int i = 0; i != 1100; ++i)
         text += "<a xmlns:p" + std::to_string(i) + "=\"u\">";
     DocumentReader reader;
-    EXPECT_NUMBERED(reader.read(document("bus:provider", text)), 0xEA4F0001, xml,
+    EXPECT_NUMBERED(reader.read(document("bus:provider", text)), 0xEA4F0001, xmlParse,
                     "namespace declarations in scope", "1000", "setMaximumDeclarations");
     // One behind the other they are few at each place.
     EXPECT_NE(reader.read(document("bus:provider", numbered("<a xmlns:p", 3000, "=\"u\"/>"))),
@@ -231,7 +219,7 @@ TEST(HostileMarkup, DifferentNamesHaveALimit) {
     for (const char* const declaration : {"", "<?xml version=\"1.1\"?>"})
         EXPECT_NUMBERED(
             reader.read(declaration + document("bus:provider", numbered("<n", 51'000, "/>"))),
-            0xEA4F0001, xml, "different names", "50000", "setMaximumNames");
+            0xEA4F0001, xmlParse, "different names", "50000", "setMaximumNames");
     reader.deserializer.setMaximumNames(60'000);
     EXPECT_NE(reader.read(document("bus:provider", numbered("<n", 51'000, "/>"))), nullptr);
 }
@@ -259,30 +247,30 @@ TEST(HostileMarkup, ParameterEntitiesAreCounted) {
                    ";&#37;p" + std::to_string(i - 1) + ";'>";
     const std::string text = doctype + "%p29;]>" + operation("run", "");
     ASSERT_LT(text.size(), 2500U);
-    EXPECT_NUMBERED(readRequest(text), 0xEA4F0001, soap, "entity expansions", "10000",
+    EXPECT_NUMBERED(readRequest(text), 0xEA4F0001, soapParse, "entity expansions", "10000",
                     "setMaximumEntityExpansions");
 }
 
 TEST(HostileMarkup, EntitiesInAttributesAreCounted) {
     const std::string text = "<!DOCTYPE e [<!ENTITY a '" + std::string(10'000, 'a') + "'>]>" +
                              operation("run", repeated("<x y='&a;&a;&a;&a;'/>", 4000));
-    EXPECT_NUMBERED(readRequest(text), 0xEA4F0001, soap, "text of expanded entities", "1048576",
-                    "setMaximumExpandedText");
+    EXPECT_NUMBERED(readRequest(text), 0xEA4F0001, soapParse, "text of expanded entities",
+                    "1048576", "setMaximumExpandedText");
 }
 
 TEST(HostileMarkup, EntitiesInTextAreCounted) {
     const std::string text =
         "<!DOCTYPE e [<!ENTITY a '" + std::string(60'000, 'a') + "'>]>" +
         operation("run", "<objectPath>" + repeated("&a;", 15'000) + "</objectPath>");
-    EXPECT_NUMBERED(readRequest(text), 0xEA4F0001, soap, "text of expanded entities", "1048576",
-                    "setMaximumExpandedText");
+    EXPECT_NUMBERED(readRequest(text), 0xEA4F0001, soapParse, "text of expanded entities",
+                    "1048576", "setMaximumExpandedText");
 }
 
 TEST(HostileMarkup, EntitiesThatGiveNothingAreCounted) {
     const std::string text = "<!DOCTYPE e [<!ENTITY a '<!--" + std::string(60'000, 'a') +
                              "-->'>]>" + operation("run", repeated("&a;", 9000));
-    EXPECT_NUMBERED(readRequest(text), 0xEA4F0001, soap, "text of expanded entities", "1048576",
-                    "setMaximumExpandedText");
+    EXPECT_NUMBERED(readRequest(text), 0xEA4F0001, soapParse, "text of expanded entities",
+                    "1048576", "setMaximumExpandedText");
 }
 
 TEST(HostileMarkup, AModestEntityMayBeUsedOften) {
@@ -299,18 +287,18 @@ TEST(HostileMarkup, NestedEntitiesEndAtALimit) {
         doctype += "<!ENTITY e" + std::to_string(i) + " '&e" + std::to_string(i - 1) + ";'>";
     EXPECT_NUMBERED(
         readRequest(doctype + "]>" + operation("run", "<objectPath>&e44999;</objectPath>")),
-        0xEA4F0001, soap, "nesting of entities", "64", "setMaximumEntityNesting");
+        0xEA4F0001, soapParse, "nesting of entities", "64", "setMaximumEntityNesting");
 }
 
 TEST(HostileMarkup, DefaultAttributesAreCounted) {
     const std::string attributes =
         "<!DOCTYPE e [<!ATTLIST x " + numbered("a", 200, " CDATA 'value' ") + ">]>";
     EXPECT_NUMBERED(readRequest(attributes + operation("run", repeated("<x/>", 20'000))),
-                    0xEA4F0001, soap, "text of expanded entities", "1048576",
+                    0xEA4F0001, soapParse, "text of expanded entities", "1048576",
                     "setMaximumExpandedText");
     const std::string many =
         "<!DOCTYPE e [<!ATTLIST x " + numbered("a", 1000, " CDATA #IMPLIED ") + ">]>";
-    EXPECT_NUMBERED(readRequest(many + operation("run", "")), 0xEA4F0001, soap,
+    EXPECT_NUMBERED(readRequest(many + operation("run", "")), 0xEA4F0001, soapParse,
                     "attributes of a start tag", "256", "setMaximumAttributes");
 }
 

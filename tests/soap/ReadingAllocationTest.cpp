@@ -1,5 +1,5 @@
 // Reading with each allocation failing in turn.
-#include "tests/soap/Reading.h"
+#include "tests/soap/HostileText.h"
 #include "tests/support/AllocationFailure.h"
 #include "tests/support/ForEachFailingAllocation.h"
 
@@ -31,6 +31,7 @@ using korva::test::DocumentReader;
 using korva::test::forEachFailingAllocation;
 using korva::test::makeCall;
 using korva::test::operation;
+using korva::test::pathOf;
 using korva::test::readReply;
 using korva::test::readRequest;
 
@@ -52,12 +53,6 @@ const std::string& request() {
 
 // The parser gets through without some of what it asks for: it looks at the names of namespaces,
 // and goes on if it cannot.
-
-const char* pathOf(const Binding& binding) {
-    return static_cast<KORVAAsynchRun_Request&>(binding->getInputMessage())
-        .getObjectPath()
-        ->getValue();
-}
 
 TEST(ReadingAllocation, AFailureAtAServerLeavesNothingBehind) {
     EXPECT_GT(forEachFailingAllocation(

@@ -47,6 +47,6 @@ private:
 
     ZELSmartPointer<KORVAObjectRegistryI> m_registry;  ///< of the last object, unless the caller's
     KORVA_AttachmentHandler* m_attachmentHandler = nullptr;
-    std::size_t m_maximumAttributes = 256;
-    std::size_t m_maximumDeclarations = 1000;
+    std::size_t m_maximumAttributes;
+    std::size_t m_maximumDeclarations;
 };
