@@ -1,5 +1,6 @@
 #include "soap/read/LibxmlSource.h"
 
+#include "soap/read/CharacterData.h"
 #include "soap/read/DocumentBytes.h"
 #include "soap/read/ReadGuard.h"
 #include "soap/read/Utf8Check.h"
@@ -152,6 +153,8 @@ private:
                       int declarationCount, const xmlChar** declarations, int attributeCount,
                       const xmlChar** attributes);
     void endElement();
+    void characters(std::string_view text);
+    std::size_t takeText(std::string_view bytes);
     void error(const xmlError& error);
     int read(char* buffer, std::size_t size);
     void checkSize();
@@ -165,6 +168,7 @@ private:
     std::vector<Attribute> m_attributes;  ///< of the last start tag
     std::size_t m_depth = 0;
     std::vector<std::pair<std::size_t, const char*>> m_prefixes;  ///< declared, with the depth
+    bool m_isInText = false;         ///< all that the parser has is told, and text may follow
     std::array<char, 8> m_heldBack;  ///< bytes that the next piece begins with
     std::size_t m_heldBackSize = 0;
     bool m_isAtEnd = false;              ///< of the bytes
@@ -197,10 +201,14 @@ xmlSAXHandler LibxmlSource::Parse::handler() {
     };
     handler.characters = [](void* data, const xmlChar* text, int length) {
         of(data).guarded([=] {
+            of(data).characters({chars(text), static_cast<std::size_t>(length)});
+        });
+    };
+    handler.cdataBlock = [](void* data, const xmlChar* text, int length) {
+        of(data).guarded([=] {
             of(data).m_guard.text({chars(text), static_cast<std::size_t>(length)});
         });
     };
-    handler.cdataBlock = handler.characters;
     handler.ignorableWhitespace = handler.characters;
     handler.internalSubset = [](void* data, const xmlChar*, const xmlChar*, const xmlChar*) {
         // The look at the prolog excludes it, so one of the two is wrong.
@@ -304,6 +312,33 @@ void LibxmlSource::Parse::endElement() {
     --m_depth;
 }
 
+/// A long text is not left to the parser, which tells it in pieces from one reference to the next.
+/// When it tells that of a reference it holds nothing back and goes on from its input, so that
+/// what follows as text may be taken from there.
+void LibxmlSource::Parse::characters(std::string_view text) {
+    m_guard.text(text);
+    xmlParserInput& input = *m_context.input;
+    // The text of a reference is one character; a longer one may be followed by what is not told.
+    const bool isReference = text.size() <= 4 && input.cur != input.base && input.cur[-1] == ';' &&
+                             !(text.data() >= chars(input.base) && text.data() < chars(input.end));
+    if (!isReference) return;
+    input.cur += takeText({chars(input.cur), static_cast<std::size_t>(input.end - input.cur)});
+    m_isInText = input.cur == input.end;
+    // The parser would get more before it looks whether it holds too much.
+    xmlParserInputShrink(&input);
+}
+
+/// Tells the text at the start of `bytes`, and counts it where the parser does.
+std::size_t LibxmlSource::Parse::takeText(std::string_view bytes) {
+    xmlParserInput& input = *m_context.input;
+    DocumentPosition position = {static_cast<unsigned long long>(input.line),
+                                 static_cast<unsigned long long>(input.col)};
+    const std::size_t length = tellCharacterData(bytes, m_guard, position);
+    input.line = static_cast<int>(position.line);
+    input.col = static_cast<int>(position.column);
+    return length;
+}
+
 void LibxmlSource::Parse::error(const xmlError& error) {
     if (error.code == XML_ERR_NO_MEMORY) throw std::bad_alloc();
     if (error.level < XML_ERR_ERROR) return;
@@ -327,11 +362,21 @@ int LibxmlSource::Parse::read(char* buffer, std::size_t size) {
     if (m_failure || m_streamFailure || m_isAtEnd) return 0;
     guarded([this] { checkSize(); });
     if (m_failure) return 0;
-    try {
-        return static_cast<int>(fill(buffer, size));
-    } catch (...) {
-        m_streamFailure = std::current_exception();
-        return 0;
+    for (;;) {
+        std::size_t length = 0;
+        try {
+            length = fill(buffer, size);
+        } catch (...) {
+            m_streamFailure = std::current_exception();
+        }
+        if (!m_isInText) return static_cast<int>(length);
+        std::size_t told = 0;
+        guarded([&] { told = takeText({buffer, length}); });
+        if (m_failure) return 0;
+        if (told == length && !m_isAtEnd && !m_streamFailure) continue;
+        m_isInText = false;
+        std::memmove(buffer, buffer + told, length - told);
+        return static_cast<int>(length - told);
     }
 }
 

@@ -9,6 +9,7 @@
 
 #include <cstddef>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -80,6 +81,41 @@ TEST(TextReading, ADocumentMayArriveInPiecesOfAnySize) {
         EXPECT_STREQ(array->at(0), "\xC3\xA4 one");
         EXPECT_STREQ(array->at(1), "t\xF0\x9F\x98\x80wo");
         EXPECT_STREQ(array->at(2), "");
+    }
+}
+
+TEST(TextReading, LongTextsMayBeFullOfReferences) {
+    std::string text;
+    std::string expected;
+    for (int i = 0; i != 20'000; ++i) {
+        text += "word&amp;\xC3\xA4&lt;]\n&#x20AC;&gt; \r\n&quot;&apos;";
+        expected += "word&\xC3\xA4<]\n\xE2\x82\xAC> \n\"'";
+    }
+    for (const std::size_t piece : {3U, 1000U, 4096U, 1'000'000U}) {
+        DocumentReader reader;
+        const std::string whole =
+            document("bus:stringArray", "<i>" + text + "</i><i>&amp;</i><i>" + text + "</i>");
+        TextStreamable stream(whole, piece);
+        const auto& array = *static_cast<KORVAStringArray*>(reader.read(stream));
+        ASSERT_EQ(array.size(), 3U) << piece;
+        EXPECT_EQ(array.at(0), expected) << piece;
+        EXPECT_STREQ(array.at(1), "&") << piece;
+        EXPECT_EQ(array.at(2), expected) << piece;
+    }
+}
+
+TEST(TextReading, AFailureBehindALongTextTellsItsPlace) {
+    std::string lines;
+    for (int i = 0; i != 5000; ++i)
+        lines += "a &amp; b\n";
+    for (const char* const bad : {"&none;", "]]>", "\x01", "\xEF\xBF\xBE", "</b>"}) {
+        DocumentReader reader;
+        const std::string text =
+            document("bus:stringProp", "\n<value>" + lines + "&lt;de" + bad + "</value>");
+        const std::vector<std::string> trace = korva::test::traceOf([&] { reader.read(text); });
+        ASSERT_FALSE(trace.empty()) << bad;
+        const std::string place = korva::test::placeIn(trace.back());
+        EXPECT_EQ(place.substr(0, place.find(',')), "line 5002") << bad;
     }
 }
 

@@ -548,6 +548,9 @@ Texts atBoundaries(const std::string& content) {
         for (std::size_t before = 0; before <= content.size() + 5; ++before) {
             const std::size_t filled = boundary + 3 - before - start.size();
             texts.push_back(std::string(start) + std::string(filled, 'x') + content + "</a>");
+            // The same behind a reference.
+            texts.push_back(std::string(start) + "&lt;" + std::string(filled - 4, 'x') + content +
+                            "</a>");
         }
     return texts;
 }
@@ -733,6 +736,24 @@ TEST(TwoSources, AgreeWherePiecesMeet) {
           "&#x10FFFF;", "&amp;", "<!-- a -->", "<!-- a -- b -->", "<?b c?>", "\xF0\x9F\x98\x80",
           "\xC0\x80", "\xED\xA0\x80", "\xEF\xBF\xBF", "<b c='d'/>", "<b></b>", "</b>"})
         expectSame(atBoundaries(content));
+}
+
+TEST(TwoSources, AgreeOnLongTexts) {
+    const Texts good = oddContents();
+    const Texts bad = badContents();
+    const Texts common = {"&amp;", "&lt;", "&gt;", "&quot;", "&apos;",       "\xC3\xA4",
+                          "]",     "]]",   "\n",   "\r\n",   "\xEF\xBF\xBD", "\xEF\xBB\xBF"};
+    for (std::uint64_t seed = 1; seed != 200; ++seed) {
+        ByteMutator random(seed);
+        std::string text = "<a>&amp;";
+        while (text.size() < 15'000) {
+            text.append(random.below(300), 'x');
+            text += common[random.below(common.size())];
+            if (random.below(8) == 0) text += good[random.below(good.size())];
+            if (random.below(200) == 0) text += bad[random.below(bad.size())];
+        }
+        expectSame(text + "</a>");
+    }
 }
 
 // KORVA_TEST_MUTATIONS sets their number, KORVA_TEST_SEED the first of as many seeds.
