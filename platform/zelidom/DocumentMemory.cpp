@@ -22,6 +22,7 @@ DocumentMemory::~DocumentMemory() {
 }
 
 void* DocumentMemory::allocate(XMLSize_t size) {
+    if (++m_blocksSinceEvent > m_blocksPerEvent) throw TooManyBlocks();
     if (size > std::numeric_limits<std::size_t>::max() - sizeof(Link))
         throw xercesc::OutOfMemoryException();
     void* const memory = ::operator new(sizeof(Link) + size, std::nothrow);

@@ -12,6 +12,8 @@
 #include <xercesc/util/OutOfMemoryException.hpp>
 #include <xercesc/util/XMLUni.hpp>
 
+#include <cstddef>
+#include <limits>
 #include <string>
 
 namespace zelidom {
@@ -20,11 +22,20 @@ namespace {
 
 constexpr const char* function = "ZELIDOM_Document::parse";
 
+/// More than a parser needs to be made, or for a start tag of as many attributes as are allowed.
+constexpr std::size_t blocksPerEvent = 32 * ZELIDOM_Document::maximumAttributes;
+
+[[noreturn]] void refuseAttributes() {
+    const std::string text = "A start tag has more than " +
+                             std::to_string(ZELIDOM_Document::maximumAttributes) + " attributes.";
+    ZEL_THROW(ZELIDOM_Error(text.c_str()), function);
+}
+
 /// Refuses document types, and elements that are nested too deep, before anything is made of them.
 class Parser final : public xercesc::XercesDOMParser {
 public:
     Parser(DocumentMemory& memory, std::size_t maximumDepth)
-        : XercesDOMParser(nullptr, &memory), m_maximumDepth(maximumDepth) {}
+        : XercesDOMParser(nullptr, &memory), m_memory(memory), m_maximumDepth(maximumDepth) {}
 
     void doctypeDecl(const xercesc::DTDElementDecl&, const XMLCh*, const XMLCh*, bool,
                      bool) override {
@@ -36,6 +47,7 @@ public:
                       const xercesc::RefVectorOf<xercesc::XMLAttr>& attributes,
                       const XMLSize_t attributeCount, const bool isEmpty,
                       const bool isRoot) override {
+        m_memory.noteEvent();
         if (attributeCount > ZELIDOM_Document::maximumAttributes) refuseAttributes();
         // An empty element has no end event, and counts only while it starts.
         if (m_depth >= m_maximumDepth) refuseDepth();
@@ -44,26 +56,37 @@ public:
                                       isEmpty, isRoot);
     }
 
+    void docCharacters(const XMLCh* const text, const XMLSize_t length,
+                       const bool isCdata) override {
+        m_memory.noteEvent();
+        XercesDOMParser::docCharacters(text, length, isCdata);
+    }
+
+    void docComment(const XMLCh* const text) override {
+        m_memory.noteEvent();
+        XercesDOMParser::docComment(text);
+    }
+
+    void docPI(const XMLCh* const target, const XMLCh* const data) override {
+        m_memory.noteEvent();
+        XercesDOMParser::docPI(target, data);
+    }
+
     void endElement(const xercesc::XMLElementDecl& declaration, const unsigned uriId,
                     const bool isRoot, const XMLCh* const prefix) override {
+        m_memory.noteEvent();
         --m_depth;
         XercesDOMParser::endElement(declaration, uriId, isRoot, prefix);
     }
 
 private:
-    [[noreturn]] static void refuseAttributes() {
-        const std::string text = "A start tag has more than " +
-                                 std::to_string(ZELIDOM_Document::maximumAttributes) +
-                                 " attributes.";
-        ZEL_THROW(ZELIDOM_Error(text.c_str()), function);
-    }
-
     [[noreturn]] void refuseDepth() const {
         const std::string text =
             "The elements are nested deeper than " + std::to_string(m_maximumDepth) + ".";
         ZEL_THROW(ZELIDOM_Error(text.c_str()), function);
     }
 
+    DocumentMemory& m_memory;
     const std::size_t m_maximumDepth;
     std::size_t m_depth = 0;
 };
@@ -110,8 +133,14 @@ xercesc::DOMDocument& OwnedDocument::create() {
 
 xercesc::DOMDocument& OwnedDocument::parse(BRIMInputStream& stream, std::size_t maximumDepth) {
     const BRIMStreamInputSource source(stream, &m_memory);
-    ParserOwner parser(m_memory, maximumDepth);
-    m_document = parser.parse(source);
+    m_memory.setBlocksPerEvent(blocksPerEvent);
+    try {
+        ParserOwner parser(m_memory, maximumDepth);
+        m_document = parser.parse(source);
+    } catch (const DocumentMemory::TooManyBlocks&) {
+        refuseAttributes();
+    }
+    m_memory.setBlocksPerEvent(std::numeric_limits<std::size_t>::max());
     return *m_document;
 }
 

@@ -1,7 +1,9 @@
 #include "tests/zelidom/Documents.h"
 
+#include <brim/BRIMMemoryInputStream.h>
 #include <brim/BRIMStreamError.h>
 #include <zelidom/ZELIDOM_Error.h>
+#include <zelidom/ZELIDOM_NamedNodeMap.h>
 #include <zelidom/ZELIDOM_NodeList.h>
 
 #include <gtest/gtest.h>
@@ -89,6 +91,49 @@ TEST(DocumentParsing, RefusesElementsThatAreNestedTooDeep) {
     EXPECT_NO_THROW(parseDocument("<r><a><b/></a><a><b/></a><a><b/></a></r>", 3));
     EXPECT_NO_THROW(parseDocument(nested(ZELIDOM_Document::defaultMaximumDepth - 1)));
     EXPECT_THROW(parseDocument(nested(ZELIDOM_Document::defaultMaximumDepth)), ZELIDOM_Error);
+}
+
+std::string withAttributes(std::size_t count) {
+    std::string xml = "<r";
+    for (std::size_t i = 0; i != count; ++i)
+        xml += " a" + std::to_string(i) + "=''";
+    return xml + "/>";
+}
+
+TEST(DocumentParsing, RefusesTooManyAttributes) {
+    constexpr const char* refusal = "A start tag has more than 1000 attributes.";
+    const ZELIDOM_Document document = parseDocument(withAttributes(1000));
+    EXPECT_EQ(document.getDocumentElement().getAttributes().getLength(), 1000U);
+    EXPECT_EQ(textOf<ZELIDOM_Error>([] { parseDocument(withAttributes(1001)); }), refusal);
+}
+
+TEST(DocumentParsing, RefusesAStartTagBeforeItsEnd) {
+    const std::string xml = withAttributes(100'000);
+    class Counting : public BRIMInputStream {
+    public:
+        explicit Counting(const std::string& text) : m_bytes(text.data(), text.size()) {}
+        long long read(char* buffer, std::size_t size) override {
+            const long long length = m_bytes.read(buffer, size);
+            count += static_cast<std::size_t>(length);
+            return length;
+        }
+        std::size_t count = 0;
+
+    private:
+        BRIMMemoryInputStream m_bytes;
+    };
+    Counting stream(xml);
+    EXPECT_EQ(textOf<ZELIDOM_Error>([&] { ZELIDOM_Document::parse(stream); }),
+              "A start tag has more than 1000 attributes.");
+    EXPECT_LT(stream.count, xml.size() / 4);
+}
+
+TEST(DocumentParsing, CountsWhatOneStartTagNeedsAlone) {
+    std::string xml = "<r>";
+    for (int i = 0; i != 20'000; ++i)
+        xml += "<!--a--><?b c?><d e=''/>f<![CDATA[g]]>";
+    const ZELIDOM_Document document = parseDocument(xml + "</r>");
+    EXPECT_EQ(document.getDocumentElement().getChildNodes().getLength(), 100'000U);
 }
 
 TEST(DocumentParsing, LetsTheStreamsFailureThrough) {
