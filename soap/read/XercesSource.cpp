@@ -76,10 +76,8 @@ public:
 
     void startPrefixMapping(const XMLCh* prefix, const XMLCh* uri) override {
         forward([=, this] {
-            const char* const namespaceName = m_events.name(uri);
-            m_prefixes.push_back(m_events.name(prefix));
-            checkDeclaration(m_prefixes.back(), namespaceName);
-            if (!isXml(m_prefixes.back())) m_guard.startPrefix(m_prefixes.back(), namespaceName);
+            m_declared.push_back({m_events.name(prefix), m_events.name(uri)});
+            checkDeclaration(m_declared.back());
         });
     }
     void endPrefixMapping(const XMLCh*) override {
@@ -99,6 +97,7 @@ public:
             if (m_events.nameCount() > m_guard.limits().names) m_guard.refuseNames();
             if (element.prefix == "xmlns")
                 throw NotWellFormed{"The prefix 'xmlns' is no prefix of elements."};
+            startPrefixes();
             m_events.startText();
             m_guard.startElement(element);
         });
@@ -150,11 +149,27 @@ private:
     /// Whether it is the prefix that is always declared: saying so once more tells nothing.
     static bool isXml(std::string_view prefix) { return prefix == "xml"; }
 
+    struct Declaration {
+        const char* prefix;
+        const char* uri;
+    };
+
     /// What the parser lets pass.
-    static void checkDeclaration(std::string_view prefix, std::string_view uri) {
+    static void checkDeclaration(const Declaration& declaration) {
+        const std::string_view uri = declaration.uri;
         const bool isNamespaceOfXml = uri == "http://www.w3.org/XML/1998/namespace";
-        if (isNamespaceOfXml != isXml(prefix) || uri == "http://www.w3.org/2000/xmlns/")
+        if (isNamespaceOfXml != isXml(declaration.prefix) || uri == "http://www.w3.org/2000/xmlns/")
             throw NotWellFormed{"A namespace that XML has for itself is declared."};
+    }
+
+    /// Tells of what the start tag declares, when all of it is known to be right.
+    void startPrefixes() {
+        for (const Declaration& declaration : m_declared) {
+            m_prefixes.push_back(declaration.prefix);
+            if (!isXml(declaration.prefix))
+                m_guard.startPrefix(declaration.prefix, declaration.uri);
+        }
+        m_declared.clear();
     }
 
     ReadGuard& m_guard;
@@ -163,6 +178,7 @@ private:
     I18NConverter m_converter;
     WideEvents m_events{m_converter};
     const xercesc::Locator* m_locator = nullptr;
+    std::vector<Declaration> m_declared;  ///< by the start tag that is coming
     std::vector<const char*> m_prefixes;  ///< declared, newest at the back
     std::exception_ptr m_endOfBytes;
 };

@@ -263,6 +263,7 @@ Texts badContents() {
         "<b xmlns='http://www.w3.org/2000/xmlns/'/>",
         "<xmlns:b/>",
         "<xmlns:b xmlns:xmlns='urn:a'/>",
+        "<xmlns:b xmlns:p='urn:a'/>",
         "<xmlns/>",
         "<xml/>",
         "<xml:b/>",
