@@ -1,4 +1,4 @@
-// Envelopes to measure with, made from a seed: the same on every machine.
+/// Envelopes to measure with, made from a seed: the same on every machine.
 #pragma once
 
 #include <korva/KORVAPortTypeBinding.h>

@@ -1,4 +1,4 @@
-// Ratios of benchmarks that ran side by side, with the targets that they are held against.
+/// Ratios of benchmarks that ran side by side, with the targets that they are held against.
 #pragma once
 
 #include <string>

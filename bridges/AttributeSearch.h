@@ -1,4 +1,4 @@
-// Finding attributes by name in any list of them.
+/// Finding attributes by name in any list of them.
 #pragma once
 
 #include <xercesc/sax2/Attributes.hpp>

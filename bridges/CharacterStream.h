@@ -1,4 +1,4 @@
-// Turns what is written to it into pieces of UTF-16.
+/// Turns what is written to it into pieces of UTF-16.
 #pragma once
 
 #include <brim/BRIMOutputStream.h>

@@ -1,4 +1,4 @@
-// Who takes the elements of an object in the parser's encoding.
+/// Who takes the elements of an object in the parser's encoding.
 #pragma once
 
 #include <xercesc/util/XercesDefs.hpp>

@@ -1,4 +1,4 @@
-// The attributes of an element that is told of.
+/// The attributes of an element that is told of.
 #pragma once
 
 #include "bridges/FixedTexts.h"

@@ -1,4 +1,4 @@
-// The fixed texts of the encoded form in the parser's UTF-16.
+/// The fixed texts of the encoded form in the parser's UTF-16.
 #pragma once
 
 #include <i18n/KORVAI18NRes.h>

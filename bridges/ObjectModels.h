@@ -1,4 +1,4 @@
-// What a conversion between the two object models needs to know of each.
+/// What a conversion between the two object models needs to know of each.
 #pragma once
 
 #include "core/ChildWalk.h"

@@ -1,4 +1,4 @@
-// What the writers of the bridges ask of the value that they are called with.
+/// What the writers of the bridges ask of the value that they are called with.
 #pragma once
 
 #include <korva/KORVASchemaTypesFactory.h>

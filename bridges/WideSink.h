@@ -1,4 +1,4 @@
-// The sink that tells of an object's elements in the parser's encoding.
+/// The sink that tells of an object's elements in the parser's encoding.
 #pragma once
 
 #include "bridges/CharacterStream.h"

@@ -1,4 +1,4 @@
-// The storage of an array, seen without its type.
+/// The storage of an array, seen without its type.
 #pragma once
 
 #include <korva/KORVA_ArrayObject.h>

@@ -1,4 +1,4 @@
-// How serializers walk the children of any object.
+/// How serializers walk the children of any object.
 #pragma once
 
 #include "core/Descriptor.h"

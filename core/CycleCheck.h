@@ -1,4 +1,4 @@
-// The end of what would have none: objects that hold themselves.
+/// The end of what would have none: objects that hold themselves.
 #pragma once
 
 #include "core/Descriptor.h"
@@ -68,7 +68,7 @@ Cycle<Object> findCycle(const Object& root, VisitChildren visitChildren) {
     return {};
 }
 
-/// Raises the message about an object that holds itself.
+/// @throws KORVAException 0xEA4F0005 always: an object holds itself
 [[noreturn]] void raiseCycle(const char* className, const char* childName, const char* holderName);
 
 /// @throws KORVAException 0xEA4F0005: an object that `root` holds, or `root` itself, holds itself

@@ -1,4 +1,4 @@
-// The tables that korva-schemac writes, and that the reflective implementation reads.
+/// The tables that korva-schemac writes, and that the reflective implementation reads.
 #pragma once
 
 #include <korva/KORVAExport.h>

@@ -1,4 +1,4 @@
-// The words of an enumeration.
+/// The words of an enumeration.
 #pragma once
 
 #include "core/Descriptor.h"

@@ -1,4 +1,4 @@
-// What gzip data stand for.
+/// What gzip data stand for.
 #pragma once
 
 class BRIMOutputStream;

@@ -1,4 +1,4 @@
-// Reading and writing the fields of a record by their descriptors.
+/// Reading and writing the fields of a record by their descriptors.
 #pragma once
 
 #include "core/Descriptor.h"

@@ -1,4 +1,4 @@
-// From child names to the numbers that the tables are keyed by.
+/// From child names to the numbers that the tables are keyed by.
 #pragma once
 
 #include <korva/KORVASchemaTypeI.h>

@@ -1,4 +1,4 @@
-// Deep comparison, of any depth, without recursion.
+/// Deep comparison, of any depth, without recursion.
 #pragma once
 
 #include "core/Descriptor.h"

@@ -1,4 +1,4 @@
-// Deep copies, of any depth, without recursion.
+/// Deep copies, of any depth, without recursion.
 #pragma once
 
 #include "core/Descriptor.h"

@@ -1,4 +1,4 @@
-// What the generated code calls to make objects.
+/// What the generated code calls to make objects.
 #pragma once
 
 #include "core/Descriptor.h"

@@ -1,4 +1,4 @@
-// The text object behind getGeneratedObjectName.
+/// The text object behind getGeneratedObjectName.
 #pragma once
 
 #include <string>

@@ -1,4 +1,4 @@
-// The names of the plain types.
+/// The names of the plain types.
 #pragma once
 
 #include <korva/KORVASchemaTypeI.h>

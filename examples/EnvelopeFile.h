@@ -1,4 +1,4 @@
-// Reads an envelope of any operation from a file, whichever end of a call wrote it.
+/// Reads an envelope of any operation from a file, whichever end of a call wrote it.
 #pragma once
 
 #include <zel/ZELSmartPointer.h>

@@ -1,4 +1,4 @@
-// Prints any schema object, or all parameters of a message, as an indented tree.
+/// Prints any schema object, or all parameters of a message, as an indented tree.
 #pragma once
 
 #include <iosfwd>

@@ -1,4 +1,4 @@
-// What an attack may cost: a limit on time and memory that breaks it off.
+/// What an attack may cost: a limit on time and memory that breaks it off.
 #pragma once
 
 #include <cstddef>

@@ -1,4 +1,4 @@
-// Changes envelopes the way an attacker would: their structure first, their bytes last.
+/// Changes envelopes the way an attacker would: their structure first, their bytes last.
 #pragma once
 
 #include <cstddef>

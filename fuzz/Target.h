@@ -1,4 +1,4 @@
-// What every target is made of: one function, in a file of its own, that takes an input.
+/// What every target is made of: one function, in a file of its own, that takes an input.
 #pragma once
 
 #include <zel/ZELThrowable.h>

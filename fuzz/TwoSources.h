@@ -1,4 +1,4 @@
-// One document through both of the library's parsers.
+/// One document through both of the library's parsers.
 #pragma once
 
 #include <cstddef>

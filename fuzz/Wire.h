@@ -1,4 +1,4 @@
-// Short ways to and from the wire.
+/// Short ways to and from the wire.
 #pragma once
 
 #include <brim/BRIMMemoryInputStream.h>

@@ -1,4 +1,4 @@
-// The whole run of the schema compiler, apart from the process around it.
+/// The whole run of the schema compiler, apart from the process around it.
 #pragma once
 
 #include <iosfwd>

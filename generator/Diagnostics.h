@@ -1,4 +1,4 @@
-// Collects what is wrong with a schema, so that one run tells all of it.
+/// Collects what is wrong with a schema, so that one run tells all of it.
 #pragma once
 
 #include "generator/model/Location.h"

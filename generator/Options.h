@@ -1,4 +1,4 @@
-// The command line of korva-schemac.
+/// The command line of korva-schemac.
 #pragma once
 
 #include <iosfwd>

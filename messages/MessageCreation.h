@@ -1,4 +1,4 @@
-// What the generated table of messages calls to make one.
+/// What the generated table of messages calls to make one.
 #pragma once
 
 #include <korva/KORVAMessageI.h>

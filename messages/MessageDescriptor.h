@@ -1,4 +1,4 @@
-// The tables of messages that korva-schemac writes.
+/// The tables of messages that korva-schemac writes.
 #pragma once
 
 #include "core/Descriptor.h"

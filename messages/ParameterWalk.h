@@ -1,4 +1,4 @@
-// How serializers walk the parameters of any message.
+/// How serializers walk the parameters of any message.
 #pragma once
 
 #include "core/ChildWalk.h"

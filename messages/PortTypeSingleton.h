@@ -1,4 +1,4 @@
-// How a port type makes its one instance.
+/// How a port type makes its one instance.
 #pragma once
 
 #include <zel/ZELFrame.h>

@@ -1,4 +1,4 @@
-// What goes back to a caller.
+/// What goes back to a caller.
 #pragma once
 
 #include <brim/BRIMInputStream.h>

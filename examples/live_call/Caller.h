@@ -1,4 +1,4 @@
-// A call from a filled request to a read reply.
+/// A call from a filled request to a read reply.
 #pragma once
 
 #include <cstddef>

@@ -1,4 +1,4 @@
-// From a request's envelope to its answer, whatever carries them.
+/// From a request's envelope to its answer, whatever carries them.
 #pragma once
 
 #include "examples/live_call/Answer.h"

@@ -1,4 +1,4 @@
-// How the service says that it failed.
+/// How the service says that it failed.
 #pragma once
 
 #include <string>
@@ -24,8 +24,8 @@ struct Error {
 KORVASOAPFault& makeFault(KORVAObjectRegistryI& registry, Blame blame, const char* text,
                           const Error& error);
 
-/// Raises a fault of the caller's as a KORVASOAPFaultException, which is what the caller will
-/// catch, too.
+/// Tells a fault of the caller's.
+/// @throws KORVASOAPFaultException always, which is what the caller will catch, too
 [[noreturn]] void raiseFault(KORVAObjectRegistryI& registry, const char* text, const Error& error);
 
 /// The messages of an exception as they are meant for people, under the number of the first.

@@ -1,4 +1,4 @@
-// Requests that nobody should send, and that a service on a network gets.
+/// Requests that nobody should send, and that a service on a network gets.
 #pragma once
 
 #include <string>

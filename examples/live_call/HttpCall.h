@@ -1,4 +1,4 @@
-// The sending half of the transport.
+/// The sending half of the transport.
 #pragma once
 
 #include <brim/BRIMInputStream.h>

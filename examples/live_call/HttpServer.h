@@ -1,4 +1,4 @@
-// The receiving half of the transport.
+/// The receiving half of the transport.
 #pragma once
 
 #include <memory>

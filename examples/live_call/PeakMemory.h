@@ -1,4 +1,4 @@
-// How much memory this process ever had at once.
+/// How much memory this process ever had at once.
 #pragma once
 
 #include <cstddef>

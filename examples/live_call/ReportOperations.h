@@ -1,4 +1,4 @@
-// What the service does: it has one report, and gives its output in three formats.
+/// What the service does: it has one report, and gives its output in three formats.
 #pragma once
 
 #include "examples/live_call/Endpoint.h"

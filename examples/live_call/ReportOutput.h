@@ -1,4 +1,4 @@
-// The outputs of the report, made while they are read.
+/// The outputs of the report, made while they are read.
 #pragma once
 
 #include <brim/BRIMInputStream.h>

@@ -1,4 +1,4 @@
-// The calls that the client makes.
+/// The calls that the client makes.
 #pragma once
 
 #include <korva/KORVAPortTypeBinding.h>

@@ -1,4 +1,4 @@
-// The body of an HTTP answer, as an output stream.
+/// The body of an HTTP answer, as an output stream.
 #pragma once
 
 #include <brim/BRIMOutputStream.h>

@@ -1,4 +1,4 @@
-// What classes, properties and messages have in common: records, tables of fields, accessors.
+/// What classes, properties and messages have in common: records, tables of fields, accessors.
 #pragma once
 
 #include "generator/emit/Printer.h"

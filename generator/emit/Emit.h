@@ -1,4 +1,4 @@
-// The emitters, one for each family. They decide nothing: all that they print stands in the model.
+/// The emitters, one for each family. They decide nothing: all that they print stands in the model.
 #pragma once
 
 #include "generator/emit/Files.h"

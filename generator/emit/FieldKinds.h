@@ -1,4 +1,5 @@
-// What each kind of field looks like in what is made: one row a kind, one set of templates a shape.
+/// What each kind of field looks like in what is made: one row a kind, one set of templates a
+/// shape.
 #pragma once
 
 #include "generator/model/Schema.h"

@@ -1,4 +1,4 @@
-// The files of one run, collected before any is written.
+/// The files of one run, collected before any is written.
 #pragma once
 
 #include <iosfwd>

@@ -1,5 +1,5 @@
-// What stands around the content of a generated file. A frame is opened, the content is printed,
-// and at the end of its scope the file is among the files of the run.
+/// What stands around the content of a generated file. A frame is opened, the content is printed,
+/// and at the end of its scope the file is among the files of the run.
 #pragma once
 
 #include "generator/emit/Files.h"

@@ -1,4 +1,4 @@
-// Prints templates in which $name$ stands for a value; the one way in which text is emitted.
+/// Prints templates in which $name$ stands for a value; the one way in which text is emitted.
 #pragma once
 
 #include <initializer_list>

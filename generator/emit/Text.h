@@ -1,4 +1,4 @@
-// Small pieces of C++ text that the emitters share.
+/// Small pieces of C++ text that the emitters share.
 #pragma once
 
 #include "generator/model/Schema.h"

@@ -1,4 +1,4 @@
-// Where an item of the model stands in its source file.
+/// Where an item of the model stands in its source file.
 #pragma once
 
 #include <string>

@@ -1,4 +1,4 @@
-// The plain model of a vocabulary: what the readers found, and behind it what the passes decided.
+/// The plain model of a vocabulary: what the readers found, and behind it what the passes decided.
 #pragma once
 
 #include "generator/model/Location.h"

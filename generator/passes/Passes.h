@@ -1,5 +1,5 @@
-// The passes over a schema that has been read. Each checks one thing, decides what follows from it
-// and writes that into the model; none of them stops at an error, so that one run tells all.
+/// The passes over a schema that has been read. Each checks one thing, decides what follows from it
+/// and writes that into the model; none of them stops at an error, so that one run tells all.
 #pragma once
 
 #include "generator/Diagnostics.h"

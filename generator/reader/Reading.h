@@ -1,4 +1,4 @@
-// What the XSD reader and the WSDL reader share: namespaces, names in attributes, annotations.
+/// What the XSD reader and the WSDL reader share: namespaces, names in attributes, annotations.
 #pragma once
 
 #include "generator/Diagnostics.h"

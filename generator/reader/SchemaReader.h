@@ -1,4 +1,4 @@
-// Reads XML Schema files into the model and follows their includes.
+/// Reads XML Schema files into the model and follows their includes.
 #pragma once
 
 #include "generator/Diagnostics.h"

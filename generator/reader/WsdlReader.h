@@ -1,4 +1,4 @@
-// Reads WSDL 1.1 files into the model: messages, port types and their SOAP bindings.
+/// Reads WSDL 1.1 files into the model: messages, port types and their SOAP bindings.
 #pragma once
 
 #include "generator/Diagnostics.h"

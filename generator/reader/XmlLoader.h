@@ -1,4 +1,4 @@
-// Reads an XML file into a tree that keeps the line of every element and the prefixes in scope.
+/// Reads an XML file into a tree that keeps the line of every element and the prefixes in scope.
 #pragma once
 
 #include "generator/Diagnostics.h"

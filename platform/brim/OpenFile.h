@@ -5,7 +5,8 @@
 
 namespace brim {
 
-/// `mode` is that of `std::fopen`. Raises `BRIMStreamError` with the path and the system's text.
+/// `mode` is that of `std::fopen`.
+/// @throws BRIMStreamError with the path and the system's text
 std::FILE* openFile(const char* path, const char* mode, const char* function);
 
 }  // namespace brim

@@ -1,12 +1,12 @@
-/// Raises the failure of a call to the operating system.
+/// Tells of the failure of a call to the operating system.
 #pragma once
 
 #include <zel/ZELFileLocation.h>
 
 namespace brim {
 
-/// Raises a `BRIMStreamError` with the text "subject: what the system says". `subject` is a path or
-/// says what was tried; `error` is the value of `errno`.
+/// `subject` is a path or says what was tried; `error` is the value of `errno`.
+/// @throws BRIMStreamError always, with the text "subject: what the system says"
 [[noreturn]] void raiseSystemError(ZELFileLocation location, const char* function,
                                    const char* subject, int error);
 

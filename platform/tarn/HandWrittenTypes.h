@@ -1,4 +1,4 @@
-// The rows of the fault classes, which stand in no schema.
+/// The rows of the fault classes, which stand in no schema.
 #pragma once
 
 #include "tarn/TypeTable.h"

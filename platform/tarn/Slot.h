@@ -1,4 +1,4 @@
-// Where objects and arrays keep their values.
+/// Where objects and arrays keep their values.
 #pragma once
 
 #include <tarn/TARNSchemaTypeI.h>

@@ -1,4 +1,4 @@
-// The rows of the word table, as the generated code defines them.
+/// The rows of the word table, as the generated code defines them.
 #pragma once
 
 #include "tarn/TableVersion.h"

@@ -1,4 +1,4 @@
-// The objects of the second object model that are a text.
+/// The objects of the second object model that are a text.
 #pragma once
 
 #include <tarn/TARNSchemaTypeI.h>

@@ -1,4 +1,4 @@
-// How it is told that something does not fit the schema.
+/// How it is told that something does not fit the schema.
 #pragma once
 
 #include "tarn/TypeTable.h"

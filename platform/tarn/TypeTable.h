@@ -1,5 +1,5 @@
-// The types of the schema, as the generated code defines them. The tables hold numbers instead of
-// pointers, so that loading the library costs nothing for them.
+/// The types of the schema, as the generated code defines them. The tables hold numbers instead of
+/// pointers, so that loading the library costs nothing for them.
 #pragma once
 
 #include "tarn/TableVersion.h"

@@ -23,10 +23,10 @@ public:
     OwnedDocument& operator=(const OwnedDocument&) = delete;
     ~OwnedDocument() override;
 
-    /// Raises what Xerces-C raises.
+    /// @throws what Xerces-C throws
     xercesc::DOMDocument& create();
 
-    /// Raises what Xerces-C, the stream and ZELIDOM_Document tell of.
+    /// @throws what Xerces-C and the stream throw, and what ZELIDOM_Document tells of
     xercesc::DOMDocument& parse(BRIMInputStream& stream, std::size_t maximumDepth);
 
 private:

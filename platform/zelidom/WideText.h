@@ -11,9 +11,10 @@
 
 namespace zelidom {
 
-/// A text in UTF-16, in place if it is short. Raises `ZELOutOfMemoryError` if it is not.
+/// A text in UTF-16, in place if it is short.
 class WideText {
 public:
+    /// @throws ZELOutOfMemoryError the text is long, and no memory is left
     explicit WideText(std::string_view utf8) : m_text(m_short) {
         if (I18NConverter::toUtf16(utf8.data(), utf8.size(), m_short, shortSize)) return;
         I18NConverter::appendUtf16(utf8.data(), utf8.size(), m_long);

@@ -1,4 +1,4 @@
-// The value of a parameter that refers to an attachment.
+/// The value of a parameter that refers to an attachment.
 #pragma once
 
 #include "soap/read/TextStore.h"

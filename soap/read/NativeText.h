@@ -1,4 +1,4 @@
-// The values that texts stand for, whatever the locale.
+/// The values that texts stand for, whatever the locale.
 #pragma once
 
 #include <string_view>

@@ -1,4 +1,4 @@
-// The memory of the XML parser.
+/// The memory of the XML parser.
 #pragma once
 
 #include <xercesc/framework/MemoryManager.hpp>

@@ -1,4 +1,4 @@
-// Where the texts that a reader collects are kept.
+/// Where the texts that a reader collects are kept.
 #pragma once
 
 #include <zel/ZELByteBuffer.h>

@@ -1,4 +1,4 @@
-// What stands around the values of an envelope, be it a message's or a fault's.
+/// What stands around the values of an envelope, be it a message's or a fault's.
 #pragma once
 
 #include <cstddef>

@@ -1,4 +1,4 @@
-// What becomes of text that no document can hold.
+/// What becomes of text that no document can hold.
 #pragma once
 
 #include <string>

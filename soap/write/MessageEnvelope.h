@@ -1,4 +1,4 @@
-// How the envelope of a message is put together.
+/// How the envelope of a message is put together.
 #pragma once
 
 #include "soap/write/EnvelopeFrame.h"

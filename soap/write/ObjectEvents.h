@@ -1,5 +1,5 @@
-// The one place that decides how an object looks as elements: which there are, and the name, the
-// type and the text of each.
+/// The one place that decides how an object looks as elements: which there are, and the name, the
+/// type and the text of each.
 #pragma once
 
 #include "core/ChildWalk.h"

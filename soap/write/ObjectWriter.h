@@ -1,4 +1,4 @@
-// How objects look on the wire.
+/// How objects look on the wire.
 #pragma once
 
 #include "core/Descriptor.h"

@@ -1,4 +1,4 @@
-// The streams that texts go through on their way into a document.
+/// The streams that texts go through on their way into a document.
 #pragma once
 
 #include "platform/brim/XmlEncoding.h"

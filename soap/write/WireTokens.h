@@ -1,4 +1,4 @@
-// The constant texts of the wire form, each with its length.
+/// The constant texts of the wire form, each with its length.
 #pragma once
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// Runs the front half of the schema compiler over files of the tests.
+/// Runs the front half of the schema compiler over files of the tests.
 #pragma once
 
 #include "generator/Diagnostics.h"

@@ -1,4 +1,4 @@
-// A program that a test starts beside itself.
+/// A program that a test starts beside itself.
 #pragma once
 
 #include <string>

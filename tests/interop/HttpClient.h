@@ -1,4 +1,4 @@
-// The sending half of a transport, which the library leaves to its users.
+/// The sending half of a transport, which the library leaves to its users.
 #pragma once
 
 #include <string>

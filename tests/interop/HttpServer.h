@@ -1,4 +1,4 @@
-// The receiving half of a transport, which the library leaves to its users, and the service above.
+/// The receiving half of a transport, which the library leaves to its users, and the service above.
 #pragma once
 
 #include <korva/KORVAPortTypeBinding.h>

@@ -1,4 +1,4 @@
-// PHP's SOAP extension as a client and as a server.
+/// PHP's SOAP extension as a client and as a server.
 #pragma once
 
 #include "tests/interop/ToolkitClient.h"

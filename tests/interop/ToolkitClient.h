@@ -1,4 +1,4 @@
-// A foreign toolkit as the client of the library's server.
+/// A foreign toolkit as the client of the library's server.
 #pragma once
 
 #include "tests/interop/HttpServer.h"

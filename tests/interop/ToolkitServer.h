@@ -1,4 +1,4 @@
-// A foreign toolkit as the server of the library's client.
+/// A foreign toolkit as the server of the library's client.
 #pragma once
 
 #include "tests/interop/ChildProcess.h"

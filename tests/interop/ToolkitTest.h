@@ -1,4 +1,4 @@
-// What the tests with several toolkits share: a row for each toolkit.
+/// What the tests with several toolkits share: a row for each toolkit.
 #pragma once
 
 #include "tests/toolkits/Cases.h"

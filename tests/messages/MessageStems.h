@@ -1,4 +1,4 @@
-// The messages of the bus.
+/// The messages of the bus.
 #pragma once
 
 namespace korva::test {

@@ -1,4 +1,4 @@
-// The reader of documents in memory.
+/// The reader of documents in memory.
 #pragma once
 
 #include <korva/KORVADOMObjectDeserializerI.h>

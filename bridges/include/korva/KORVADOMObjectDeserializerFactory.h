@@ -1,4 +1,4 @@
-// Where readers of documents in memory come from.
+/// Where readers of documents in memory come from.
 #pragma once
 
 #include <korva/KORVAExport.h>

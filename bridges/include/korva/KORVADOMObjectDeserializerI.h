@@ -1,4 +1,4 @@
-// How elements of a document in memory become schema objects.
+/// How elements of a document in memory become schema objects.
 #pragma once
 
 #include <korva/KORVAExport.h>

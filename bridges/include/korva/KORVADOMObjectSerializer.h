@@ -1,4 +1,4 @@
-// The serializer that builds documents in memory.
+/// The serializer that builds documents in memory.
 #pragma once
 
 #include <korva/KORVADOMObjectSerializerI.h>

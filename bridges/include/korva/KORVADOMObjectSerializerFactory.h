@@ -1,4 +1,4 @@
-// Where serializers into documents come from.
+/// Where serializers into documents come from.
 #pragma once
 
 #include <korva/KORVAExport.h>

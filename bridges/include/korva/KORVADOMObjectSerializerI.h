@@ -1,4 +1,4 @@
-// How schema objects become elements of a document in memory.
+/// How schema objects become elements of a document in memory.
 #pragma once
 
 #include <korva/KORVAExport.h>

@@ -1,4 +1,4 @@
-// The attributes of a document in memory, as a SAX2 handler takes them.
+/// The attributes of a document in memory, as a SAX2 handler takes them.
 #pragma once
 
 #include <korva/KORVAExport.h>

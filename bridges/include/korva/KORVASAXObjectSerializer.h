@@ -1,4 +1,4 @@
-// The serializer that replays objects as events.
+/// The serializer that replays objects as events.
 #pragma once
 
 #include <korva/KORVASAXObjectSerializerI.h>

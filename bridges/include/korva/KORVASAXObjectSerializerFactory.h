@@ -1,4 +1,4 @@
-// Where serializers into events come from.
+/// Where serializers into events come from.
 #pragma once
 
 #include <korva/KORVAExport.h>

@@ -1,4 +1,4 @@
-// How schema objects become the events of a parser.
+/// How schema objects become the events of a parser.
 #pragma once
 
 #include <korva/KORVAExport.h>

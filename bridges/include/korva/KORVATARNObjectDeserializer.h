@@ -1,4 +1,4 @@
-// The deserializer of the second object model.
+/// The deserializer of the second object model.
 #pragma once
 
 #include <korva/KORVASchemaTypeI.h>

@@ -1,4 +1,4 @@
-// Where deserializers of the second object model come from.
+/// Where deserializers of the second object model come from.
 #pragma once
 
 #include <korva/KORVAExport.h>

@@ -1,4 +1,4 @@
-// How objects of the platform's second object model become schema objects.
+/// How objects of the platform's second object model become schema objects.
 #pragma once
 
 #include <korva/KORVAExport.h>

@@ -1,4 +1,4 @@
-// The serializer into the second object model.
+/// The serializer into the second object model.
 #pragma once
 
 #include <korva/KORVASchemaTypeI.h>

@@ -1,4 +1,4 @@
-// Where serializers into the second object model come from.
+/// Where serializers into the second object model come from.
 #pragma once
 
 #include <korva/KORVAExport.h>

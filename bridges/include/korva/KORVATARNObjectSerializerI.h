@@ -1,4 +1,4 @@
-// How schema objects become objects of the platform's second object model.
+/// How schema objects become objects of the platform's second object model.
 #pragma once
 
 #include <korva/KORVAExport.h>

@@ -1,4 +1,4 @@
-// The types of the platform's two object models, each by the other.
+/// The types of the platform's two object models, each by the other.
 #pragma once
 
 #include <korva/KORVAExport.h>

@@ -1,4 +1,4 @@
-// The numbers that name the children of an array.
+/// The numbers that name the children of an array.
 #pragma once
 
 #include <cstddef>

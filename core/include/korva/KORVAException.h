@@ -1,4 +1,4 @@
-// The library's exception.
+/// The library's exception.
 #pragma once
 
 #include <korva/KORVAExport.h>

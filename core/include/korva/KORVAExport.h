@@ -1,5 +1,5 @@
-// What marks a declaration as part of the library's interface, and the version of the contract
-// between the core and the generated code.
+/// What marks a declaration as part of the library's interface, and the version of the contract
+/// between the core and the generated code.
 #pragma once
 
 #if defined(_WIN32)

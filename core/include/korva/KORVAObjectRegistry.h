@@ -1,4 +1,4 @@
-// The library's own object registry.
+/// The library's own object registry.
 #pragma once
 
 #include <korva/KORVAObjectRegistryI.h>

@@ -1,4 +1,4 @@
-// Where object registries come from.
+/// Where object registries come from.
 #pragma once
 
 #include <korva/KORVAExport.h>

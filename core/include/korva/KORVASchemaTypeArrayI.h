@@ -1,4 +1,4 @@
-// The part of the reflective interface that arrays add.
+/// The part of the reflective interface that arrays add.
 #pragma once
 
 #include <korva/KORVASchemaTypeI.h>

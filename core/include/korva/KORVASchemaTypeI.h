@@ -1,4 +1,4 @@
-// The reflective interface that every value of the bus's schema implements.
+/// The reflective interface that every value of the bus's schema implements.
 #pragma once
 
 #include <korva/KORVAExport.h>

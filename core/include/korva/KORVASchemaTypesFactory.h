@@ -1,4 +1,4 @@
-// The one place that knows all types by number and by name.
+/// The one place that knows all types by number and by name.
 #pragma once
 
 #include <korva/KORVASchemaTypeI.h>

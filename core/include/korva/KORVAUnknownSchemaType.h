@@ -1,4 +1,4 @@
-// What stands in an object tree for a type that is not in the vocabulary.
+/// What stands in an object tree for a type that is not in the vocabulary.
 #pragma once
 
 #include <korva/KORVASchemaTypeI.h>

@@ -1,4 +1,4 @@
-// Binary values: owned, referenced or streamed.
+/// Binary values: owned, referenced or streamed.
 #pragma once
 
 #include <korva/KORVAExport.h>

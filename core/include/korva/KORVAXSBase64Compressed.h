@@ -1,4 +1,4 @@
-// Binary values whose stream holds gzip data.
+/// Binary values whose stream holds gzip data.
 #pragma once
 
 #include <korva/KORVAXSBase64Binary.h>

@@ -1,4 +1,4 @@
-// A numbered message of the library's catalogue.
+/// A numbered message of the library's catalogue.
 #pragma once
 
 #include <korva/KORVAExport.h>

@@ -1,4 +1,4 @@
-// What the schema's arrays have in common.
+/// What the schema's arrays have in common.
 #pragma once
 
 #include <korva/KORVASchemaTypeArrayI.h>

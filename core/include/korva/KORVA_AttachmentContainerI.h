@@ -1,4 +1,4 @@
-// What collects the bytes of one attachment.
+/// What collects the bytes of one attachment.
 #pragma once
 
 #include <korva/KORVAExport.h>

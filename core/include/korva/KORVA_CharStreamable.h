@@ -1,4 +1,4 @@
-// Text that is streamed, in the place of a `const char*`.
+/// Text that is streamed, in the place of a `const char*`.
 #pragma once
 
 #include <korva/KORVAExport.h>

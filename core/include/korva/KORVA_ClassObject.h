@@ -1,4 +1,4 @@
-// What the schema's classes and properties have in common.
+/// What the schema's classes and properties have in common.
 #pragma once
 
 #include <korva/KORVASchemaTypeI.h>

@@ -1,4 +1,4 @@
-// What the schema's enumerations have in common.
+/// What the schema's enumerations have in common.
 #pragma once
 
 #include <korva/KORVASchemaTypeI.h>

@@ -1,4 +1,4 @@
-// A text that several holders share.
+/// A text that several holders share.
 #pragma once
 
 #include <korva/KORVAExport.h>

@@ -1,4 +1,4 @@
-// What the schema's restricted strings have in common.
+/// What the schema's restricted strings have in common.
 #pragma once
 
 #include <korva/KORVASchemaTypeI.h>

@@ -1,4 +1,4 @@
-// A value that can write itself to a stream without existing as a whole in memory.
+/// A value that can write itself to a stream without existing as a whole in memory.
 #pragma once
 
 #include <brim/BRIMInputStream.h>

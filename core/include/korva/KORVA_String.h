@@ -1,4 +1,4 @@
-// The growing byte buffer in which a reader collects text.
+/// The growing byte buffer in which a reader collects text.
 #pragma once
 
 #include <korva/KORVAExport.h>

@@ -1,4 +1,4 @@
-// The typed storage of the schema's arrays.
+/// The typed storage of the schema's arrays.
 #pragma once
 
 #include <korva/KORVA_ArrayObject.h>

@@ -1,4 +1,4 @@
-// Where messages come from when only their type is known.
+/// Where messages come from when only their type is known.
 #pragma once
 
 #include <korva/KORVAMessageI.h>

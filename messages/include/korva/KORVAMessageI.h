@@ -1,4 +1,4 @@
-// The contract of the bus's messages.
+/// The contract of the bus's messages.
 #pragma once
 
 #include <korva/KORVAObjectRegistryI.h>

@@ -1,4 +1,4 @@
-// One parameter of a call, before there is a message that could hold it.
+/// One parameter of a call, before there is a message that could hold it.
 #pragma once
 
 #include <korva/KORVASchemaTypeI.h>

@@ -1,4 +1,4 @@
-// One operation of a port type together with the messages of one call.
+/// One operation of a port type together with the messages of one call.
 #pragma once
 
 #include <korva/KORVAExport.h>

@@ -1,4 +1,4 @@
-// What every service of the bus offers: a table of operations that messages are bound to.
+/// What every service of the bus offers: a table of operations that messages are bound to.
 #pragma once
 
 #include <korva/KORVAMessageI.h>

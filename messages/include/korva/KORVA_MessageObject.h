@@ -1,4 +1,4 @@
-// What the generated messages have in common.
+/// What the generated messages have in common.
 #pragma once
 
 #include <korva/KORVAMessageI.h>

@@ -1,4 +1,4 @@
-// The reply of an operation that has no name.
+/// The reply of an operation that has no name.
 #pragma once
 
 #include <korva/KORVAMessageI.h>

@@ -1,4 +1,4 @@
-// The request of an operation that has no name.
+/// The request of an operation that has no name.
 #pragma once
 
 #include <korva/KORVAMessageI.h>

@@ -1,4 +1,4 @@
-// What the port types have in common.
+/// What the port types have in common.
 #pragma once
 
 #include <korva/KORVAMessageFactory.h>

@@ -7,10 +7,10 @@
 
 namespace halyard {
 
-/// Raises a `BRIMStreamError` with the text "multipart: " and `text`.
+/// @throws BRIMStreamError always, with the text "multipart: " and `text`
 [[noreturn]] void refuse(std::string_view text, ZELFileLocation location, const char* function);
 
-/// Raises a `BRIMStreamError` that names the limit, its value and the operation that sets it.
+/// @throws BRIMStreamError always; it names the limit, its value and the operation that sets it
 [[noreturn]] void refuseLimit(std::string_view limit, unsigned long long value,
                               std::string_view setter, ZELFileLocation location,
                               const char* function);

@@ -24,7 +24,7 @@ std::string unfolded(std::string_view field);
 std::string_view valueOf(std::string_view field) noexcept;
 
 /// The value of a parameter, without its quotes; nothing if there is none of this name.
-/// Raises `BRIMStreamError` if the parameters before it are malformed.
+/// @throws BRIMStreamError the parameters before it are malformed
 std::optional<std::string> parameterOf(std::string_view field, std::string_view name);
 
 /// Whether there is a character below the blank, or DEL.

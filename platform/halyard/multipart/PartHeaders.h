@@ -14,13 +14,14 @@ public:
     void clear() noexcept;
 
     /// Adds a line, without its break: a field, or more of the one before.
-    /// Raises `BRIMStreamError` if it is neither.
+    /// @throws BRIMStreamError it is neither
     void addLine(std::string_view line);
 
     /// The value of the first field of this name; null if there is none.
     const char* find(std::string_view name) const noexcept;
 
-    /// As above, for what must not be told twice: raises `BRIMStreamError` if it is.
+    /// As above, for what must not be told twice.
+    /// @throws BRIMStreamError it is
     const char* findOnly(std::string_view name) const;
 
 private:

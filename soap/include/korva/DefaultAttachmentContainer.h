@@ -1,4 +1,4 @@
-// The container that keeps an attachment in memory, as a text.
+/// The container that keeps an attachment in memory, as a text.
 #pragma once
 
 #include <korva/KORVA_AttachmentContainerI.h>

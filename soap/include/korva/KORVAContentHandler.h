@@ -1,4 +1,4 @@
-// What the readers of envelopes and objects have in common.
+/// What the readers of envelopes and objects have in common.
 #pragma once
 
 #include <korva/KORVAExport.h>

@@ -1,4 +1,4 @@
-// The reader of an envelope.
+/// The reader of an envelope.
 #pragma once
 
 #include <korva/KORVAContentHandler.h>

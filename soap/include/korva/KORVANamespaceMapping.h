@@ -1,4 +1,4 @@
-// The namespace prefixes in scope at one place of a document.
+/// The namespace prefixes in scope at one place of a document.
 #pragma once
 
 #include <korva/KORVAExport.h>

@@ -1,4 +1,4 @@
-// Where object serializers come from.
+/// Where object serializers come from.
 #pragma once
 
 #include <korva/KORVAExport.h>

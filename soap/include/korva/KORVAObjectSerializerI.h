@@ -1,4 +1,4 @@
-// How schema objects become text.
+/// How schema objects become text.
 #pragma once
 
 #include <korva/KORVAExport.h>

@@ -1,4 +1,4 @@
-// What a service answers with when it fails.
+/// What a service answers with when it fails.
 #pragma once
 
 #include <korva/KORVASchemaTypeI.h>

@@ -1,4 +1,4 @@
-// The exception that carries a received fault to the caller.
+/// The exception that carries a received fault to the caller.
 #pragma once
 
 #include <korva/KORVAExport.h>

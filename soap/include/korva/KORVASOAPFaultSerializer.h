@@ -1,4 +1,4 @@
-// The writer of SOAP 1.1 faults.
+/// The writer of SOAP 1.1 faults.
 #pragma once
 
 #include <korva/KORVASOAPFaultSerializerI.h>

@@ -1,4 +1,4 @@
-// Where fault serializers come from.
+/// Where fault serializers come from.
 #pragma once
 
 #include <korva/KORVAExport.h>

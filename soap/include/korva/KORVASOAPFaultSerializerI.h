@@ -1,4 +1,4 @@
-// How faults become envelopes.
+/// How faults become envelopes.
 #pragma once
 
 #include <korva/KORVAExport.h>

@@ -1,4 +1,4 @@
-// The reader of SOAP 1.1 envelopes.
+/// The reader of SOAP 1.1 envelopes.
 #pragma once
 
 #include <korva/KORVAObjectRegistryI.h>

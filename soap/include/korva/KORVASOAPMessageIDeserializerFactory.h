@@ -1,4 +1,4 @@
-// Where message deserializers come from.
+/// Where message deserializers come from.
 #pragma once
 
 #include <korva/KORVAExport.h>

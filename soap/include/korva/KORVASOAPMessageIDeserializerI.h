@@ -1,4 +1,4 @@
-// How envelopes become messages.
+/// How envelopes become messages.
 #pragma once
 
 #include <korva/KORVAExport.h>

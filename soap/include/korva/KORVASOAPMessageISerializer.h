@@ -1,4 +1,4 @@
-// SOAP 1.1 envelopes of messages.
+/// SOAP 1.1 envelopes of messages.
 #pragma once
 
 #include <korva/KORVASOAPMessageISerializerI.h>

@@ -1,4 +1,4 @@
-// Where message serializers come from.
+/// Where message serializers come from.
 #pragma once
 
 #include <korva/KORVAExport.h>

@@ -1,4 +1,4 @@
-// How messages become envelopes.
+/// How messages become envelopes.
 #pragma once
 
 #include <korva/KORVAExport.h>

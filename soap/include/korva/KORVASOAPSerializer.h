@@ -1,4 +1,4 @@
-// The SOAP 1.1 encoding of schema objects.
+/// The SOAP 1.1 encoding of schema objects.
 #pragma once
 
 #include <korva/KORVAObjectSerializerI.h>

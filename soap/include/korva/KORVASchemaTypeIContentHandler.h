@@ -1,4 +1,4 @@
-// The reader of one value: a parameter, a header entry, or a whole document.
+/// The reader of one value: a parameter, a header entry, or a whole document.
 #pragma once
 
 #include <korva/KORVAContentHandler.h>

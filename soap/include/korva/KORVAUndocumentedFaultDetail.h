@@ -1,4 +1,4 @@
-// One error of a fault that no schema describes.
+/// One error of a fault that no schema describes.
 #pragma once
 
 #include <korva/KORVASchemaTypeI.h>

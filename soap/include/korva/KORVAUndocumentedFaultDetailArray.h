@@ -1,4 +1,4 @@
-// The errors of a fault that no schema describes.
+/// The errors of a fault that no schema describes.
 #pragma once
 
 #include <korva/KORVA_TypedArray.h>

@@ -1,4 +1,4 @@
-// The reader of plain XML documents.
+/// The reader of plain XML documents.
 #pragma once
 
 #include <korva/KORVAXMLDeserializerI.h>

@@ -1,4 +1,4 @@
-// Where document deserializers come from.
+/// Where document deserializers come from.
 #pragma once
 
 #include <korva/KORVAExport.h>

@@ -1,4 +1,4 @@
-// How plain XML documents become objects.
+/// How plain XML documents become objects.
 #pragma once
 
 #include <korva/KORVAExport.h>

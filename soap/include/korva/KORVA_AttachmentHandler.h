@@ -1,4 +1,4 @@
-// Brings the parts of a message to the places in its envelope that refer to them.
+/// Brings the parts of a message to the places in its envelope that refer to them.
 #pragma once
 
 #include <korva/KORVASchemaTypeI.h>

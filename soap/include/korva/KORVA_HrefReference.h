@@ -1,4 +1,4 @@
-// A place in an object that waits for the content of an attachment.
+/// A place in an object that waits for the content of an attachment.
 #pragma once
 
 #include <korva/KORVASchemaTypeI.h>

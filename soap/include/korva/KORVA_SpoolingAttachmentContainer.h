@@ -1,4 +1,4 @@
-// The container that streams an attachment: from memory if it is small, otherwise from a file.
+/// The container that streams an attachment: from memory if it is small, otherwise from a file.
 #pragma once
 
 #include <korva/KORVA_AttachmentContainerI.h>

@@ -1,4 +1,4 @@
-// What both ends share: the cases' values, and a way to print what arrived.
+/// What both ends share: the cases' values, and a way to print what arrived.
 #pragma once
 
 #include "soapH.h"

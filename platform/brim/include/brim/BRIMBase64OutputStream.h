@@ -22,7 +22,7 @@ public:
     /// Begins an encoding on `stream`. One that is still open on another stream is closed before.
     void wrap(BRIMOutputStream& stream);
 
-    /// The assertion `ZEL_ASSERT(m_stream);` if nothing is wrapped.
+    /// @throws ZELAssertError nothing is wrapped: `ZEL_ASSERT(m_stream);`
     void write(const char* bytes, std::size_t length) override;
 
     /// Ends the encoding with its padding, and lets go of the wrapped stream, which stays open.

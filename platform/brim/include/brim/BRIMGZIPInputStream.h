@@ -7,7 +7,7 @@
 #include <cstddef>
 
 /// Reads one gzip member after another, as one stream. Data that is damaged, cut short or followed
-/// by anything else raises `BRIMStreamError`; a lack of memory raises `ZELOutOfMemoryError`. The
+/// by anything else throws `BRIMStreamError`; a lack of memory throws `ZELOutOfMemoryError`. The
 /// wrapped stream is not owned. How much comes out is not limited here: a caller who doesn't trust
 /// the source looks at `expandedBytes` and `expandsBeyond` behind each read.
 class BRIM_EXPORT BRIMGZIPInputStream final : public BRIMInputStream {

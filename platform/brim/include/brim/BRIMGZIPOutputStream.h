@@ -8,7 +8,7 @@
 
 /// A filter: bytes in, one gzip member out to the stream that it wraps, in pieces of some thousand.
 /// The wrapped stream is not owned, must live until `close`, and is never closed from here. A lack
-/// of memory, which only the constructor can meet, raises `ZELOutOfMemoryError`.
+/// of memory, which only the constructor can meet, throws `ZELOutOfMemoryError`.
 class BRIM_EXPORT BRIMGZIPOutputStream final : public BRIMOutputStream {
 public:
     /// `level` is 0 (store) to 9 (smallest); anything else is zlib's default.
@@ -18,7 +18,7 @@ public:
     /// for complete.
     ~BRIMGZIPOutputStream() override;
 
-    /// The assertion `ZEL_ASSERT(!m_closed);` behind `close`.
+    /// @throws ZELAssertError the stream is closed: `ZEL_ASSERT(!m_closed);`
     void write(const char* bytes, std::size_t length) override;
 
     /// Ends the member, and lets go of the wrapped stream, which stays open.

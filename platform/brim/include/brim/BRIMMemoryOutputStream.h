@@ -7,7 +7,7 @@
 
 #include <cstddef>
 
-/// Grows geometrically. Running out of memory raises `ZELOutOfMemoryError`, with the contents as
+/// Grows geometrically. Running out of memory throws `ZELOutOfMemoryError`, with the contents as
 /// they were before the write.
 class BRIM_EXPORT BRIMMemoryOutputStream final : public BRIMOutputStream {
 public:

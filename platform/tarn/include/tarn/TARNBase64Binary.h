@@ -1,4 +1,4 @@
-// Binary values of the second object model: referenced or streamed.
+/// Binary values of the second object model: referenced or streamed.
 #pragma once
 
 #include <tarn/TARNExport.h>

@@ -1,4 +1,4 @@
-// What marks a declaration as part of this library's interface.
+/// What marks a declaration as part of this library's interface.
 #pragma once
 
 #if defined(_WIN32)

@@ -1,4 +1,4 @@
-// The registry of the second object model.
+/// The registry of the second object model.
 #pragma once
 
 #include <tarn/TARNObjectRegistryI.h>

@@ -1,4 +1,4 @@
-// What a service answers with when it fails, in the second object model.
+/// What a service answers with when it fails, in the second object model.
 #pragma once
 
 #include <tarn/TARN_ClassObject.h>

@@ -1,4 +1,4 @@
-// The reflective interface of the second object model.
+/// The reflective interface of the second object model.
 #pragma once
 
 #include <tarn/TARNExport.h>

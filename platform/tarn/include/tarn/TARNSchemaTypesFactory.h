@@ -1,4 +1,4 @@
-// The one place that knows all types of the second object model, by number and by name.
+/// The one place that knows all types of the second object model, by number and by name.
 #pragma once
 
 #include <tarn/TARNSchemaTypeI.h>

@@ -1,4 +1,4 @@
-// The exception of the second object model for what does not fit the schema.
+/// The exception of the second object model for what does not fit the schema.
 #pragma once
 
 #include <tarn/TARNExport.h>

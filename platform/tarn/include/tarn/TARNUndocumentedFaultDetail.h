@@ -1,4 +1,4 @@
-// One error of a fault that no schema describes, in the second object model.
+/// One error of a fault that no schema describes, in the second object model.
 #pragma once
 
 #include <tarn/TARN_ClassObject.h>

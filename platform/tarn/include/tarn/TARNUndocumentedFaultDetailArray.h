@@ -1,4 +1,4 @@
-// The errors of a fault that no schema describes, in the second object model.
+/// The errors of a fault that no schema describes, in the second object model.
 #pragma once
 
 #include <tarn/TARN_ArrayObject.h>

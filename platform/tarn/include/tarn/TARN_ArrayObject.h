@@ -1,4 +1,4 @@
-// The arrays of the second object model.
+/// The arrays of the second object model.
 #pragma once
 
 #include <tarn/TARNSchemaTypeI.h>

@@ -1,4 +1,4 @@
-// Text of the second object model that is streamed, in the place of a `const char*`.
+/// Text of the second object model that is streamed, in the place of a `const char*`.
 #pragma once
 
 #include <tarn/TARNExport.h>

@@ -1,4 +1,4 @@
-// The objects of the second object model that have children of their own names.
+/// The objects of the second object model that have children of their own names.
 #pragma once
 
 #include <tarn/TARNSchemaTypeI.h>

@@ -1,4 +1,4 @@
-// A value of the second object model that is written without existing as a whole in memory.
+/// A value of the second object model that is written without existing as a whole in memory.
 #pragma once
 
 #include <tarn/TARNExport.h>

@@ -1,4 +1,4 @@
-// A text of the second object model.
+/// A text of the second object model.
 #pragma once
 
 #include <tarn/TARNExport.h>

@@ -1,4 +1,4 @@
-// The schema's word table: from the CRC-32 of a word to its text.
+/// The schema's word table: from the CRC-32 of a word to its text.
 #pragma once
 
 #include <tarn/TARNExport.h>

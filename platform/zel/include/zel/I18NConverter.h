@@ -28,15 +28,15 @@ public:
     /// The same for a text up to its NUL. `text` must not be null.
     bool toUtf8(const char16_t* text, char* buffer, std::size_t size) noexcept;
 
-    /// The text in a new NUL-terminated array, which the caller frees with `delete[]`. Raises
-    /// `ZELOutOfMemoryError`, with the state as before the call.
+    /// The text in a new NUL-terminated array, which the caller frees with `delete[]`.
+    /// @throws ZELOutOfMemoryError no memory is left; the state is as before the call
     char* toUtf8(const char16_t* text, std::size_t length);
 
     /// The same for a text up to its NUL. `text` must not be null.
     char* toUtf8(const char16_t* text);
 
-    /// Appends the text to `buffer`. Raises `ZELOutOfMemoryError`, with the buffer and the state as
-    /// before the call.
+    /// Appends the text to `buffer`.
+    /// @throws ZELOutOfMemoryError no memory is left; buffer and state are as before the call
     void append(const char16_t* text, std::size_t length, ZELByteBuffer& buffer);
 
     /// Ends a text: a high surrogate that still waits for its partner is appended as U+FFFD.
@@ -53,11 +53,12 @@ public:
     static bool toUtf16(const char* text, std::size_t length, char16_t* buffer, std::size_t size,
                         std::size_t* written = nullptr) noexcept;
 
-    /// The text in a new NUL-terminated array, which the caller frees with `delete[]`. Raises
-    /// `ZELOutOfMemoryError`.
+    /// The text in a new NUL-terminated array, which the caller frees with `delete[]`.
+    /// @throws ZELOutOfMemoryError no memory is left
     static char16_t* toUtf16(const char* text, std::size_t length);
 
-    /// Appends to `result`. Raises `ZELOutOfMemoryError`, with `result` as before the call.
+    /// Appends to `result`.
+    /// @throws ZELOutOfMemoryError no memory is left; `result` is as before the call
     static void appendUtf16(const char* text, std::size_t length, std::u16string& result);
 
 private:

@@ -16,7 +16,7 @@
 
 namespace zel {
 
-/// Raises a `ZELAssertError` with a copy of `text`, which may be a temporary.
+/// @throws ZELAssertError always, with a copy of `text`, which may be a temporary
 [[noreturn]] ZEL_EXPORT void assertionFailed(const char* text, ZELFileLocation location);
 
 /// The same for a literal, which needs no copy: what the macros call.

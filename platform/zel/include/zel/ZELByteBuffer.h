@@ -6,7 +6,7 @@
 #include <cstddef>
 #include <cstring>
 
-/// Allocates nothing until the first byte arrives. Running out of memory raises
+/// Allocates nothing until the first byte arrives. Running out of memory throws
 /// `ZELOutOfMemoryError` and leaves the buffer as it was.
 class ZEL_EXPORT ZELByteBuffer {
 public:

@@ -26,7 +26,8 @@ public:
     const char* getThrowableName() const noexcept override;
     const char* getErrorCodeString() const noexcept override;
 
-    /// Adds a message. Raises `ZELOutOfMemoryError`.
+    /// Adds a message.
+    /// @throws ZELOutOfMemoryError no memory is left
     ZELException& operator<<(const ZELMessage& message);
 
 protected:

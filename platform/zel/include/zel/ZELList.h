@@ -21,7 +21,7 @@ public:
     /// `index` must be below `size()`.
     const T& operator[](std::size_t index) const noexcept { return m_items[index]; }
 
-    /// Appends. If memory is short, raises `std::bad_alloc` and leaves the list as it was.
+    /// @throws std::bad_alloc no memory is left; the list is as it was
     void append(T item) { m_items.push_back(std::move(item)); }
 
     void clear() noexcept { m_items.clear(); }

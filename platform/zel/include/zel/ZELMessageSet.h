@@ -18,7 +18,7 @@ public:
     const ZELList<ZELMessage>& getMessages() const noexcept;
 
 protected:
-    /// Raises `std::bad_alloc`, with the set as it was.
+    /// @throws std::bad_alloc no memory is left; the set is as it was
     void add(const ZELMessage& message);
 
 private:

@@ -18,7 +18,7 @@ constexpr std::size_t longestPrintable = 512;
 /// the direction of a text become "\u{202E}"; bytes that are no UTF-8 become "\x{FF}". What is
 /// longer than `longestPrintable` bytes ends before the character that exceeds them, with a note
 /// that tells the length of the whole: " ... (cut, 20000000 bytes)".
-/// Raises `ZELOutOfMemoryError`.
+/// @throws ZELOutOfMemoryError no memory is left
 ZEL_EXPORT std::string printable(std::string_view text);
 
 }  // namespace zel

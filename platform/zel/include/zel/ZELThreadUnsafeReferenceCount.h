@@ -16,8 +16,8 @@ public:
 
     virtual void addReference();
 
-    /// Calls `cleanup` when no reference is left. The assertion
-    /// `ZEL_ASSERT(count > 0);` if there was none.
+    /// Calls `cleanup` when no reference is left.
+    /// @throws ZELAssertError there was none: `ZEL_ASSERT(count > 0);`
     virtual void removeReference();
 
     virtual unsigned getReferenceCount() const;

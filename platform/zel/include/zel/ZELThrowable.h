@@ -25,8 +25,8 @@ public:
     [[noreturn]] virtual void hurl(ZELFileLocation location, const char* function,
                                    const char* macro) = 0;
 
-    /// A copy on the heap, of the dynamic type, which the caller deletes. Raises
-    /// `ZELOutOfMemoryError`.
+    /// A copy on the heap, of the dynamic type, which the caller deletes.
+    /// @throws ZELOutOfMemoryError no memory is left
     virtual ZELThrowable* clone() const = 0;
 
     /// The name of the dynamic type, a literal.

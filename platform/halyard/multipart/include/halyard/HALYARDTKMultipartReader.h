@@ -16,7 +16,7 @@ class BRIMInputStream;
 ///     deserializer.parse(message.getRoot(), ...);
 ///     attachments.resolveReferences(message, ...);
 ///
-/// What is malformed raises `BRIMStreamError`, and so does what exceeds a limit; that text names
+/// What is malformed throws `BRIMStreamError`, and so does what exceeds a limit; that text names
 /// the limit, its value and the operation that sets it. Lines end with CRLF, or all with LF. The
 /// parts' transfer encodings are binary, 8bit, 7bit and base64, their content encodings gzip and
 /// identity.
@@ -25,7 +25,7 @@ public:
     /// `stream` is the message's content, which must live as long as the reader. `contentType` is
     /// the value of its header of that name, folded or not: of a type that isn't multipart, or
     /// null, the whole stream is the root, and nothing follows. A boundary is required otherwise.
-    /// Raises `ZELOutOfMemoryError`, as every operation does.
+    /// @throws ZELOutOfMemoryError no memory is left, as every operation does
     HALYARDTKMultipartReader(BRIMInputStream& stream, const char* contentType);
     ~HALYARDTKMultipartReader() override;
 
@@ -44,8 +44,8 @@ public:
     void setMaximumInflateRatio(unsigned long long ratio);
 
     /// The root part, expanded if it is compressed. It is read before the parts: asking for those
-    /// skips what is left of it. Raises `BRIMStreamError` if the message names another part than
-    /// the first as its root.
+    /// skips what is left of it.
+    /// @throws BRIMStreamError the message names another part than the first as its root
     BRIMInputStream& getRoot();
 
     /// The value of a header of the part that was begun last, the root included; null if it has
@@ -55,16 +55,17 @@ public:
     /// Skips what is left of the root.
     bool hasAttachments() override;
 
-    /// Skips what is left of the root, or of the part before, which must have been given back: the
-    /// assertion `ZEL_ASSERT(!m_message->partIsOut);` otherwise. Behind the last part the stream
-    /// isn't read to its end.
+    /// Skips what is left of the root, or of the part before, which must have been given back.
+    /// Behind the last part the stream isn't read to its end.
+    /// @throws ZELAssertError a part is out: `ZEL_ASSERT(!m_message->partIsOut);`
     bool hasNextPart() override;
 
-    /// The assertion `ZEL_ASSERT(hasNextPart());` if there is none.
+    /// @throws ZELAssertError there is none: `ZEL_ASSERT(hasNextPart());`
     HALYARDTKMessagePart* getNextPart() override;
 
-    /// The assertion `ZEL_ASSERT(m_message->partIsOut && part == &*m_message->part);` for a part
-    /// that isn't out. Reads nothing.
+    /// Reads nothing.
+    /// @throws ZELAssertError the part isn't out:
+    ///     `ZEL_ASSERT(m_message->partIsOut && part == &*m_message->part);`
     void releasePart(HALYARDTKMessagePart* part) override;
 
 private:

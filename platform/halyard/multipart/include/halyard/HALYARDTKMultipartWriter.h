@@ -24,7 +24,7 @@ public:
 
     /// Writes nothing yet. `stream` must live until `close`. The boundary between the parts is made
     /// of 160 random bits, so that no content has it.
-    /// Raises `ZELOutOfMemoryError`, as every operation does.
+    /// @throws ZELOutOfMemoryError no memory is left, as every operation does
     explicit HALYARDTKMultipartWriter(BRIMOutputStream& stream);
 
     /// Ends nothing: a message that was not closed is not complete, and no reader takes it so.
@@ -36,14 +36,16 @@ public:
     const char* getContentType() const noexcept;
 
     /// Begins the root part, the envelope in UTF-8, which is written to the result until the next
-    /// part begins. Comes first, and once: the assertion `ZEL_ASSERT(!m_message->hasRoot);`.
+    /// part begins. Comes first.
+    /// @throws ZELAssertError there is a root: `ZEL_ASSERT(!m_message->hasRoot);`
     BRIMOutputStream& beginRoot();
 
     /// Begins a part, whose content is written to the result until the next part begins. The
     /// envelope refers to it by `cid:` and the id; angle brackets around the id are optional here,
-    /// and null leaves it out. Raises `BRIMStreamError` for control characters in either text. The
-    /// assertion `ZEL_ASSERT(m_message->hasRoot && !m_message->isClosed);` without a root, or
-    /// behind `close`.
+    /// and null leaves it out.
+    /// @throws BRIMStreamError there are control characters in either text
+    /// @throws ZELAssertError there is no root, or the message is closed:
+    ///     `ZEL_ASSERT(m_message->hasRoot && !m_message->isClosed);`
     BRIMOutputStream& beginPart(const char* contentId, const char* contentType,
                                 Compression compression = ePlain);
 
@@ -51,8 +53,8 @@ public:
     void writePart(const char* contentId, const char* contentType, BRIMInputStream& content,
                    Compression compression = ePlain);
 
-    /// Ends the message. The stream stays open. A second call does nothing; the same assertion
-    /// without a root.
+    /// Ends the message. The stream stays open. A second call does nothing.
+    /// @throws ZELAssertError there is no root: the assertion of `beginPart`
     void close();
 
 private:
