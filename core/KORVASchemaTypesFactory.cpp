@@ -5,6 +5,7 @@
 #include "core/NumberedError.h"
 #include "core/PlainTypes.h"
 
+#include <i18n/KORVAMessageId.h>
 #include <korva/KORVAObjectRegistryI.h>
 #include <korva/KORVASchemaTypeArrayI.h>
 #include <zel/ZELAssert.h>
@@ -40,7 +41,7 @@ KORVASchemaTypeI::ObjectType search(const KORVASchemaTypesFactory::KORVATypeName
 
 [[noreturn]] void unknownType(KORVASchemaTypeI::ObjectType type, const char* function) {
     const char* const text = schemaTypeToXsiType(type);
-    KORVA_RAISE(0xEA47EC7BU, function, text != nullptr ? text : "_unknown");
+    KORVA_RAISE(eKORVA_UnknownObjectType, function, text != nullptr ? text : "_unknown");
 }
 
 }  // namespace
@@ -63,8 +64,8 @@ void KORVASchemaTypesFactory::typeError(const char* className, const char* child
                                         ObjectType expectedType, ObjectType actualType) {
     const char* const expected = getInstance().objectTypeToXSIType(expectedType);
     const char* const actual = getInstance().objectTypeToXSIType(actualType);
-    KORVA_RAISE(0xEA47C21FU, "KORVASchemaTypesFactory::typeError()", className, childName, expected,
-                actual);
+    KORVA_RAISE(eKORVA_WrongChildType, "KORVASchemaTypesFactory::typeError()", className, childName,
+                expected, actual);
 }
 
 KORVASchemaTypeI::ObjectType KORVASchemaTypesFactory::stringToObjectType(const char* name) const {

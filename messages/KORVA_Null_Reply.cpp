@@ -2,6 +2,7 @@
 
 #include "core/NumberedError.h"
 
+#include <i18n/KORVAMessageId.h>
 #include <zel/ZELAssert.h>
 
 KORVA_Null_Reply::KORVA_Null_Reply() = default;
@@ -27,7 +28,7 @@ KORVAMessageI::ObjectType KORVA_Null_Reply::getChildType(const char* name) const
 void KORVA_Null_Reply::setChildObject(const char* name, void*, const ObjectType&) {
     ZEL_ASSERT(name);
     if (*name == '\0') return;
-    KORVA_RAISE(0xEA41BF21U, "KORVA_Null_Reply::setChildObject", name, getMessageName());
+    KORVA_RAISE(eKORVA_NoSuchChild, "KORVA_Null_Reply::setChildObject", name, getMessageName());
 }
 
 const char* KORVA_Null_Reply::getMessageName() const {

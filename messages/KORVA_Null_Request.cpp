@@ -2,6 +2,7 @@
 
 #include "core/NumberedError.h"
 
+#include <i18n/KORVAMessageId.h>
 #include <zel/ZELAssert.h>
 
 KORVA_Null_Request::KORVA_Null_Request() = default;
@@ -27,7 +28,7 @@ KORVAMessageI::ObjectType KORVA_Null_Request::getChildType(const char* name) con
 void KORVA_Null_Request::setChildObject(const char* name, void*, const ObjectType&) {
     ZEL_ASSERT(name);
     if (*name == '\0') return;
-    KORVA_RAISE(0xEA41BF21U, "KORVA_Null_Request::setChildObject", name, getMessageName());
+    KORVA_RAISE(eKORVA_NoSuchChild, "KORVA_Null_Request::setChildObject", name, getMessageName());
 }
 
 const char* KORVA_Null_Request::getMessageName() const {

@@ -3,6 +3,7 @@
 #include "core/NumberedError.h"
 #include "messages/MessageDescriptor.h"
 
+#include <i18n/KORVAMessageId.h>
 #include <korva/KORVAMessageParam.h>
 #include <korva/KORVAPortTypeBinding.h>
 #include <korva/KORVASchemaTypesFactory.h>
@@ -155,7 +156,7 @@ void KORVA_PortType::refuseOperation(const char* name) const {
         function += "::createPortTypeBinding";
     }
     ZEL_CATCH(nullptr);
-    KORVA_RAISE(0xEA4112C6U, function.c_str(), name, getName());
+    KORVA_RAISE(eKORVA_NoSuchOperation, function.c_str(), name, getName());
 }
 
 bool KORVA_PortType::isSameParameterSignature(const ParamDescriptor* expectedParamList,
