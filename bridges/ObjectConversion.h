@@ -1,4 +1,4 @@
-// How an object of one model becomes an object of another, in either direction.
+/// How an object of one model becomes an object of another, in either direction.
 #pragma once
 
 #include "bridges/ObjectModels.h"
@@ -10,12 +10,12 @@
 #include <zel/ZELByteBuffer.h>
 #include <zel/ZELFrame.h>
 #include <zel/ZELOutOfMemoryError.h>
+#include <zel/ZELOwner.h>
 #include <zel/ZELThrow.h>
 
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
-#include <memory>
 #include <type_traits>
 #include <utility>
 #include <vector>
@@ -57,8 +57,9 @@ public:
     }
 
     TargetObject& createObject(TargetType type) {
-        std::unique_ptr<TargetObject> object(Target::Factory::getInstance().create(type));
-        return registered(std::move(object));
+        ZELOwner<TargetObject> object(Target::Factory::getInstance().create(type));
+        if (object == nullptr) ZEL_THROW(ZELOutOfMemoryError());
+        return *m_registry.own(std::move(object));
     }
 
     TargetObject& createFrom(const SourceObject& source) {
@@ -242,14 +243,7 @@ private:
 
     template <class X, class... Arguments>
     X& make(Arguments... arguments) {
-        return registered(std::make_unique<X>(arguments...));
-    }
-
-    template <class X>
-    X& registered(std::unique_ptr<X> object) {
-        if (object == nullptr) ZEL_THROW(ZELOutOfMemoryError());
-        m_registry.registerPointer(object.get());
-        return *object.release();
+        return *m_registry.template make<X>(arguments...);
     }
 
     typename Target::Registry& m_registry;

@@ -8,8 +8,8 @@
 #include <korva/KORVA_Streamable.h>
 #include <tarn/TARN_Streamable.h>
 #include <zel/ZELAssert.h>
+#include <zel/ZELOwner.h>
 
-#include <memory>
 #include <string_view>
 
 namespace korva {
@@ -39,9 +39,7 @@ KORVASchemaTypeI* KorvaModel::childArray(Object& target, const char* name, Regis
         return static_cast<Object*>(target.getChildObject(name, true));
     const ObjectType type =
         isUndocumented ? faultDetailArray : KORVASchemaTypeI::eKORVAFaultDetailArray;
-    std::unique_ptr<Object> owned(Factory::getInstance().create(type));
-    registry.registerPointer(owned.get());
-    Object* const array = owned.release();
+    Object* const array = registry.own(ZELOwner<Object>(Factory::getInstance().create(type)));
     target.setChildObject(detail.data(), array, type, nullptr);
     return array;
 }

@@ -19,8 +19,6 @@ namespace {
 constexpr std::size_t initialCapacity = 100;
 }
 
-KORVAObjectRegistryI::~KORVAObjectRegistryI() = default;
-
 KORVAObjectRegistry* KORVAObjectRegistry::create() {
     ZEL_TRY {
         return new KORVAObjectRegistry;

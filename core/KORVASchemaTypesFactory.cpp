@@ -10,11 +10,11 @@
 #include <korva/KORVASchemaTypeArrayI.h>
 #include <zel/ZELAssert.h>
 #include <zel/ZELFrame.h>
+#include <zel/ZELOwner.h>
 
 #include <algorithm>
 #include <charconv>
 #include <cstddef>
-#include <memory>
 #include <new>
 #include <string_view>
 
@@ -148,9 +148,7 @@ KORVASchemaTypeI& KORVASchemaTypesFactory::createCopy(const KORVASchemaTypeI& ob
     if (row == nullptr || row->copy == nullptr)
         unknownType(type, "KORVASchemaTypesFactory::createCopy()");
     ZEL_TRY {
-        std::unique_ptr<KORVASchemaTypeI> copy(row->copy(object, registry));
-        registry.registerPointer(copy.get());
-        return *copy.release();
+        return *registry.own(ZELOwner<KORVASchemaTypeI>(row->copy(object, registry)));
     }
     ZEL_CATCH("KORVASchemaTypesFactory::createCopy()");
 }

@@ -10,9 +10,9 @@
 #include <korva/KORVASchemaTypesFactory.h>
 #include <zel/ZELAssert.h>
 #include <zel/ZELFrame.h>
+#include <zel/ZELOwner.h>
 
 #include <cstring>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -135,9 +135,7 @@ private:
         // What has no children is copied in one go, and an unknown type is refused there.
         if (!isClass && !isArray)
             return &KORVASchemaTypesFactory::getInstance().createCopy(source, m_registry);
-        std::unique_ptr<KORVASchemaTypeI> owned(type->create());
-        m_registry.registerPointer(owned.get());
-        KORVASchemaTypeI* const copy = owned.release();
+        KORVASchemaTypeI* const copy = m_registry.own(ZELOwner<KORVASchemaTypeI>(type->create()));
         if (isClass)
             copyFields(*type->fields, *ClassDescriptor::recordOf(source),
                        *ClassDescriptor::recordOf(*copy));

@@ -3,16 +3,13 @@
 #include "core/Names.h"
 
 #include <zel/ZELFrame.h>
-
-#include <memory>
+#include <zel/ZELOwner.h>
 
 namespace korva {
 
 KORVASchemaTypeI* createRegistered(TypeDescriptor::Create create, KORVAObjectRegistryI& registry) {
     ZEL_TRY {
-        std::unique_ptr<KORVASchemaTypeI> object(create());
-        registry.registerPointer(object.get());
-        return object.release();
+        return registry.own(ZELOwner<KORVASchemaTypeI>(create()));
     }
     ZEL_CATCH(nullptr);
 }

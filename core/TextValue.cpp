@@ -8,6 +8,7 @@
 #include <cstring>
 #include <memory>
 #include <new>
+#include <utility>
 
 namespace korva {
 
@@ -17,34 +18,25 @@ struct Free {
     void operator()(char* p) const { std::free(p); }
 };
 
-template <class Owner>
-const char* registerText(Owner copy, std::size_t size, const char* text,
-                         KORVAObjectRegistryI::KORVADeleteMode mode,
-                         KORVAObjectRegistryI& registry) {
-    std::memcpy(copy.get(), text, size);
-    registry.registerPointer(copy.get(), mode);
-    return copy.release();
-}
-
-template <class Value>
-Value* registerValue(std::unique_ptr<Value> value, KORVAObjectRegistryI& registry) {
-    registry.registerPointer(value.get());
-    return value.release();
-}
-
 }  // namespace
 
 const char* copyText(const char* text, TextCopy form, KORVAObjectRegistryI& registry) {
     if (text == nullptr) return nullptr;
     if (KORVA_CharStreamable::isCharStreamable(text))
-        return registerValue(std::make_unique<KORVA_CharStreamable>(text), registry)->asCharStar();
+        return registry.make<KORVA_CharStreamable>(text)->asCharStar();
+    if (form == TextCopy::Array) return copyText(std::string_view(text), registry);
     const std::size_t size = std::strlen(text) + 1;
-    if (form == TextCopy::Array)
-        return registerText(std::unique_ptr<char[]>(new char[size]), size, text,
-                            KORVAObjectRegistryI::eKORVADeleteArray, registry);
     std::unique_ptr<char, Free> copy(static_cast<char*>(std::malloc(size)));
     if (copy == nullptr) throw std::bad_alloc();
-    return registerText(std::move(copy), size, text, KORVAObjectRegistryI::eKORVAFree, registry);
+    std::memcpy(copy.get(), text, size);
+    return registry.own(std::move(copy), KORVAObjectRegistryI::eKORVAFree);
+}
+
+const char* copyText(std::string_view text, KORVAObjectRegistryI& registry) {
+    std::unique_ptr<char[]> copy(new char[text.size() + 1]);
+    text.copy(copy.get(), text.size());
+    copy[text.size()] = '\0';
+    return registry.own(std::move(copy), KORVAObjectRegistryI::eKORVADeleteArray);
 }
 
 bool equalTexts(const char* left, const char* right) {
@@ -73,7 +65,7 @@ KORVAXSBase64Binary* copyBinary(const KORVAXSBase64Binary* value, KORVAObjectReg
         copy = std::make_unique<KORVAXSBase64Binary>(value->str(), value->pcount());
     }
     copy->setIsContentId(value->getIsContentId());
-    return registerValue(std::move(copy), registry);
+    return registry.own(std::move(copy));
 }
 
 bool equalBinaries(const KORVAXSBase64Binary* left, const KORVAXSBase64Binary* right) {

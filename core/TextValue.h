@@ -1,5 +1,7 @@
-// Texts as the object model holds them: a `const char*` that may be a char streamable.
+/// Texts as the object model holds them: a `const char*` that may be a char streamable.
 #pragma once
+
+#include <string_view>
 
 class KORVAObjectRegistryI;
 class KORVAXSBase64Binary;
@@ -14,6 +16,9 @@ enum class TextCopy {
 
 /// A copy of `text`, registered; null stays null. A char streamable is copied as one.
 const char* copyText(const char* text, TextCopy form, KORVAObjectRegistryI& registry);
+
+/// A copy of plain text, registered, that `delete[]` frees.
+const char* copyText(std::string_view text, KORVAObjectRegistryI& registry);
 
 /// Byte by byte; null equals null only, a char streamable one with the same pieces only.
 bool equalTexts(const char* left, const char* right);

@@ -75,12 +75,6 @@ private:
     HALYARDTKMessagePart* m_part;
 };
 
-template <class Value>
-Value* registered(std::unique_ptr<Value> value, KORVAObjectRegistryI& registry) {
-    registry.registerPointer(value.get());
-    return value.release();
-}
-
 const KORVA_Streamable& streamableOf(KORVA_AttachmentContainerI& container) {
     const KORVA_Streamable* const pStreamable = container.getStreamable();
     ZEL_ASSERT(pStreamable);
@@ -92,12 +86,12 @@ const char* textOf(KORVA_AttachmentContainerI& container, KORVAObjectRegistryI& 
     const char* const data = container.getData();
     // Bytes from outside that look like a char streamable must not be taken for one.
     if (data != nullptr && !KORVA_CharStreamable::isCharStreamable(data)) return data;
-    auto text = std::make_unique<KORVA_CharStreamable>();
+    auto* const text = registry.make<KORVA_CharStreamable>();
     if (data != nullptr)
         text->initialize(data, false);
     else
         text->initialize(streamableOf(container), false);
-    return registered(std::move(text), registry)->asCharStar();
+    return text->asCharStar();
 }
 
 void setText(const KORVA_HrefReference& reference, const char* value) {
@@ -120,12 +114,12 @@ void setText(const KORVA_HrefReference& reference, const char* value) {
 
 KORVAXSBase64Binary* binaryOf(KORVA_AttachmentContainerI& container,
                               KORVAObjectRegistryI& registry) {
-    auto value = std::make_unique<KORVAXSBase64Binary>();
+    auto* const value = registry.make<KORVAXSBase64Binary>();
     if (const char* const data = container.getData())
         value->reference(data, 0);
     else
         value->reference(streamableOf(container));
-    return registered(std::move(value), registry);
+    return value;
 }
 
 void resolve(const KORVA_HrefReference& reference, KORVA_AttachmentContainerI& container,
@@ -292,7 +286,7 @@ void KORVA_AttachmentHandler::resolvePart(HALYARDTKMessageReader& reader,
     }
     std::unique_ptr<KORVA_AttachmentContainerI> made(factory());
     ZEL_ASSERT(made);
-    KORVA_AttachmentContainerI& container = *registered(std::move(made), registry);
+    KORVA_AttachmentContainerI& container = *registry.own(std::move(made));
     intake.begin(container);
     BRIMInputStream& stream = part->getStream();
     if (part->isCompressed())

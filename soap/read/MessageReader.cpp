@@ -97,9 +97,7 @@ void MessageReader::startOperation(const Element& element) {
 
 /// The children of a fault then come as parameters.
 void MessageReader::startFault() {
-    auto fault = std::make_unique<KORVASOAPFault>();
-    m_context.registry->registerPointer(fault.get());
-    m_fault = fault.release();
+    m_fault = m_context.registry->make<KORVASOAPFault>();
 }
 
 void MessageReader::findPortType(const Element& element) {

@@ -13,9 +13,8 @@ constexpr std::size_t largestArray = 32768;
 }
 
 char* TextStore::allocate(std::size_t size, KORVAObjectRegistryI& registry) {
-    std::unique_ptr<char[]> array(new char[size]);
-    registry.registerPointer(array.get(), KORVAObjectRegistryI::eKORVADeleteArray);
-    return array.release();
+    return registry.own(std::unique_ptr<char[]>(new char[size]),
+                        KORVAObjectRegistryI::eKORVADeleteArray);
 }
 
 char* TextStore::keep(const char* bytes, std::size_t length, KORVAObjectRegistryI& registry) {

@@ -17,6 +17,7 @@
 #include <korva/KORVA_AttachmentHandler.h>
 #include <korva/KORVA_String.h>
 #include <zel/ZELAssert.h>
+#include <zel/ZELOwner.h>
 
 #include <algorithm>
 #include <cstring>
@@ -43,22 +44,6 @@ constexpr std::size_t largeEncoding = 65536;
 
 const char* xsiType(ObjectType type) {
     return Factory::getInstance().objectTypeToXSIType(type);
-}
-
-/// Makes a value that the registry owns.
-template <class Value, class... Arguments>
-Value* makeRegistered(KORVAObjectRegistryI& registry, Arguments... arguments) {
-    auto value = std::make_unique<Value>(arguments...);
-    registry.registerPointer(value.get());
-    return value.release();
-}
-
-/// The same for a number.
-template <class Value>
-Value* makeRegisteredNumber(KORVAObjectRegistryI& registry) {
-    auto value = std::make_unique<Value>();
-    registry.registerPointer(value.get(), KORVAObjectRegistryI::eKORVADelete);
-    return value.release();
 }
 
 /// @param object of a generated type, otherwise not looked at
@@ -370,20 +355,18 @@ void ValueReader::startDetailMessage(const char* name) {
 /// A new object that the registry owns.
 KORVASchemaTypeI* ValueReader::makeObject(ObjectType type) {
     const TypeDescriptor* const row = findType(type);
-    std::unique_ptr<KORVASchemaTypeI> object(row != nullptr && row->create != nullptr
-                                                 ? row->create()
-                                                 : Factory::getInstance().create(type));
-    m_context.registry->registerPointer(object.get());
-    return object.release();
+    return m_context.registry->own(ZELOwner<KORVASchemaTypeI>(
+        row != nullptr && row->create != nullptr ? row->create()
+                                                 : Factory::getInstance().create(type)));
 }
 
 /// A number that the registry owns: a root has no parent that holds it.
 void* ValueReader::makeNumberOfRoot(ObjectType type) {
     switch (type) {
         case KORVASchemaTypeI::eInt:
-        case KORVASchemaTypeI::eInteger: return makeRegisteredNumber<int>(*m_context.registry);
-        case KORVASchemaTypeI::eBoolean: return makeRegisteredNumber<bool>(*m_context.registry);
-        default: return makeRegisteredNumber<float>(*m_context.registry);
+        case KORVASchemaTypeI::eInteger: return m_context.registry->make<int>();
+        case KORVASchemaTypeI::eBoolean: return m_context.registry->make<bool>();
+        default: return m_context.registry->make<float>();
     }
 }
 
@@ -494,7 +477,7 @@ char* ValueReader::keepText() {
 
 /// The text that was collected, as a value that the registry owns.
 KORVA_String* ValueReader::takeText() {
-    auto* const string = makeRegistered<KORVA_String>(*m_context.registry);
+    auto* const string = m_context.registry->make<KORVA_String>();
     *string->buffer() = std::move(m_context.text);
     // Unused pages of a large buffer cost nothing; a small one would waste half of itself.
     if (string->pcount() < hugeText) string->buffer()->shrinkToFit();
@@ -545,7 +528,7 @@ void ValueReader::makeBinary(Frame& frame) {
     else
         Decoding().finish(bytes);
     const std::size_t length = bytes.pcount();
-    auto* const value = makeRegistered<KORVAXSBase64Binary>(*m_context.registry);
+    auto* const value = m_context.registry->make<KORVAXSBase64Binary>();
     frame.value = value;
     if (length >= largeText) {
         if (length < hugeText) bytes.shrinkToFit();
@@ -567,7 +550,7 @@ void ValueReader::makeContent(Frame& frame) {
 
 /// The value of a parameter of text or binary type that its attachment will fill.
 void* ValueReader::makeAttachedValue(ObjectType type) {
-    auto* const attached = makeRegistered<AttachedValue>(*m_context.registry);
+    auto* const attached = m_context.registry->make<AttachedValue>();
     KORVA_AttachmentHandler* const m_attachmentHandler = m_context.attachmentHandler;
     // clang-format off
     ZEL_ASSERT_NAMED(m_attachmentHandler, "KORVASchemaTypeIContentHandler::setCurrentCharacterData - Handler not configured to process href attachments. );");

@@ -3,6 +3,7 @@
 #include "tests/support/ForEachFailingAllocation.h"
 #include "tests/support/TestStreams.h"
 
+#include <brim/BRIMMemoryOutputStream.h>
 #include <korva/KORVABooleanProp.h>
 #include <korva/KORVAObjectRegistry.h>
 #include <korva/KORVASchedule.h>
@@ -15,12 +16,17 @@
 #include <korva/KORVA_RefCount_ConstChar.h>
 #include <korva/KORVA_String.h>
 #include <zel/I18NString.h>
+#include <zel/ZELFrame.h>
+#include <zel/ZELOwner.h>
 
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <memory>
 #include <new>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -350,6 +356,133 @@ TEST(ObjectRegistry, EntryIsNotAddedWhenTheListCannotGrow) {
     EXPECT_EQ(registry->capacity(), 100u);
     registerNull(*registry);
     EXPECT_EQ(registry->size(), 101u);
+}
+
+TEST(ObjectRegistry, MakesWhatItOwnsFromTheArgumentsOfItsConstructor) {
+    std::vector<int> log;
+    const std::size_t live = liveAllocations();
+    {
+        const Registry registry(KORVAObjectRegistry::create());
+        auto* const binary = registry->make<KORVAXSBase64Binary>("bytes", 5);
+        EXPECT_EQ(std::string(binary->str(), binary->pcount()), "bytes");
+        EXPECT_EQ(*registry->make<std::string>(3, 'x'), "xxx");
+        EXPECT_EQ(*registry->make<bool>(), false);
+        EXPECT_EQ(*registry->make<char>('c'), 'c');
+        EXPECT_EQ(*registry->make<float>(1.5F), 1.5F);
+        EXPECT_EQ(*registry->make<int>(7), 7);
+        registry->make<I18NString>();
+        registry->make<KORVA_String>();
+        registry->make<KORVA_CharStreamable>();
+        registry->make<BRIMMemoryOutputStream>();
+        registry->make<Attachment>();
+        registry->make<ZELSmartPointer<KORVA_RefCount_ConstChar>>(
+            new KORVA_RefCount_ConstChar(static_cast<char*>(nullptr)));
+        registry->make<Recorder<KORVASchedule>>(log, 1);
+        registry->make<Recorder<KORVAUnknownSchemaType>>(log, 2);
+        EXPECT_EQ(registry->size(), 14u);
+        EXPECT_TRUE(log.empty());
+    }
+    EXPECT_EQ(log, (std::vector{1, 2}));
+    log = {};
+    log.shrink_to_fit();
+    EXPECT_EQ(liveAllocations(), live);
+}
+
+TEST(ObjectRegistry, KeepsACopyOfAText) {
+    const Registry registry(KORVAObjectRegistry::create());
+    std::string text("a text that is longer than a string holds in place");
+    const char* const whole = registry->keep(text);
+    const char* const part = registry->keep(std::string_view(text).substr(2, 4));
+    const char* const plain = registry->keep(text.c_str());
+    const std::string original = text;
+    text.assign(text.size(), '-');
+    EXPECT_EQ(whole, original);
+    EXPECT_STREQ(part, "text");
+    EXPECT_EQ(plain, original);
+    EXPECT_STREQ(registry->keep(""), "");
+    EXPECT_EQ(registry->size(), 4u);
+}
+
+TEST(ObjectRegistry, KeepsNothingForANullText) {
+    const Registry registry(KORVAObjectRegistry::create());
+    EXPECT_EQ(registry->keep(static_cast<const char*>(nullptr)), nullptr);
+    EXPECT_EQ(registry->size(), 0u);
+}
+
+TEST(ObjectRegistry, KeepsAStreamedTextAsOneThatSharesItsPieces) {
+    const Registry registry(KORVAObjectRegistry::create());
+    const char* kept = nullptr;
+    {
+        KORVA_CharStreamable streamed;
+        streamed.initialize("piece", false);
+        kept = registry->keep(streamed.asCharStar());
+        EXPECT_NE(kept, streamed.asCharStar());
+    }
+    ASSERT_TRUE(KORVA_CharStreamable::isCharStreamable(kept));
+    EXPECT_STREQ(reinterpret_cast<const KORVA_CharStreamable*>(kept)->getData(), "piece");
+}
+
+TEST(ObjectRegistry, TakesOverWhatAnOwnerHolds) {
+    std::vector<int> log;
+    {
+        const Registry registry(KORVAObjectRegistry::create());
+        auto first = std::make_unique<Recorder<KORVASchedule>>(log, 1);
+        ZELOwner<KORVASchemaTypeI> second(new Recorder<KORVASchedule>(log, 2));
+        const auto* const object = first.get();
+        EXPECT_EQ(registry->own(std::move(first)), object);
+        registry->own(std::move(second));
+        registry->own(std::unique_ptr<char[]>(new char[30]),
+                      KORVAObjectRegistryI::eKORVADeleteArray);
+        EXPECT_EQ(registry->size(), 3u);
+        EXPECT_TRUE(log.empty());
+    }
+    EXPECT_EQ(log, (std::vector{1, 2}));
+}
+
+TEST(ObjectRegistry, NothingIsLeftOfWhatItCannotRegister) {
+    const auto inFullRegistry = [](auto action) {
+        const Registry registry(KORVAObjectRegistry::create());
+        for (int i = 0; i < 100; ++i)
+            registerNull(*registry);
+        ZEL_TRY {
+            action(*registry);
+            return;
+        }
+        ZEL_CATCH(nullptr);
+    };
+    using korva::test::forEachFailingAllocation;
+    // Beside the registry and its first list: what is made, what that needs, and the longer list.
+    EXPECT_EQ(forEachFailingAllocation([&] {
+                  inFullRegistry(
+                      [](auto& registry) { registry.template make<KORVAUnknownSchemaType>(); });
+              }),
+              4u);
+    EXPECT_EQ(forEachFailingAllocation(
+                  [&] { inFullRegistry([](auto& registry) { registry.template make<int>(1); }); }),
+              4u);
+    EXPECT_EQ(forEachFailingAllocation(
+                  [&] { inFullRegistry([](auto& registry) { registry.keep("a text"); }); }),
+              4u);
+    EXPECT_EQ(forEachFailingAllocation([&] {
+                  inFullRegistry([](auto& registry) {
+                      registry.own(ZELOwner<KORVASchemaTypeI>(new KORVASchedule));
+                  });
+              }),
+              5u);
+}
+
+TEST(ObjectRegistry, WhatItCannotRegisterIsFreedAtOnce) {
+    const Registry registry(KORVAObjectRegistry::create());
+    for (int i = 0; i < 100; ++i)
+        registerNull(*registry);
+    std::vector<int> log;
+    log.reserve(1);
+    {
+        const AllocationFailure failure(2);
+        EXPECT_THROW(registry->make<Recorder<KORVAUnknownSchemaType>>(log, 1), std::bad_alloc);
+    }
+    EXPECT_EQ(log, std::vector{1});
+    EXPECT_EQ(registry->size(), 100u);
 }
 
 TEST(ObjectRegistry, CreateRaisesOutOfMemoryErrorAndLeavesNothing) {

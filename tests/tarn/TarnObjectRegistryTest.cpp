@@ -1,7 +1,10 @@
 #include "tests/support/AllocationFailure.h"
+#include "tests/support/ForEachFailingAllocation.h"
 #include "tests/tarn/TarnObjects.h"
 
 #include <brim/BRIMMemoryOutputStream.h>
+#include <zel/ZELFrame.h>
+#include <zel/ZELOwner.h>
 
 #include <gtest/gtest.h>
 
@@ -58,6 +61,34 @@ TEST(TarnObjectRegistry, IsUsableBehindASweep) {
         registry->registerPointer(static_cast<TARNBase64Binary*>(new Binary(log, 'b')));
     }
     EXPECT_EQ(log, "ab");
+}
+
+TEST(TarnObjectRegistry, OwnsWhatItMakesAndWhatItTakesOver) {
+    std::string log;
+    {
+        const ZELSmartPointer<TARNObjectRegistry> registry(TARNObjectRegistry::create());
+        registry->make<Binary>(log, 'a');
+        const TARN_String* const text = registry->make<TARN_String>();
+        ASSERT_NE(text, nullptr);
+        const auto* const object = registry->own(ZELOwner(new Binary(log, 'b')));
+        ASSERT_NE(object, nullptr);
+        EXPECT_EQ(registry->size(), 3u);
+        EXPECT_EQ(log, "");
+    }
+    EXPECT_EQ(log, "ab");
+}
+
+TEST(TarnObjectRegistry, NothingIsLeftOfWhatItCannotRegister) {
+    EXPECT_EQ(
+        korva::test::forEachFailingAllocation([] {
+            ZEL_TRY {
+                const ZELSmartPointer<TARNObjectRegistry> registry(TARNObjectRegistry::create());
+                registry->make<TARN_String>();
+                return;
+            }
+            ZEL_CATCH(nullptr);
+        }),
+        3u);  // the registry, the string and the list
 }
 
 TEST(TarnObjectRegistry, SkipsNull) {

@@ -1,11 +1,15 @@
-// The owner of everything that is allocated for one scope.
+/// The owner of everything that is allocated for one scope.
 #pragma once
 
 #include <korva/KORVAExport.h>
+#include <zel/ZELOwner.h>
 #include <zel/ZELReferenceCount.h>
 #include <zel/ZELSmartPointer.h>
 
 #include <string>
+#include <string_view>
+#include <type_traits>
+#include <utility>
 
 class BRIMOutputStream;
 class I18NString;
@@ -22,6 +26,11 @@ class KORVA_String;
 /// Each allocation is registered once: a pointer registered twice is freed twice. Null pointers may
 /// be registered and are skipped. Used by one thread at a time.
 ///
+/// `make` and `keep` are the usual way in, and leave nothing behind when they fail:
+///
+///     auto* const report = registry->make<KORVAReport>();
+///     report->getDefaultName(registry)->setValue(registry->keep(name));
+///
 /// Every registerPointer throws std::bad_alloc when the list cannot grow; the pointer then stays
 /// the caller's.
 class KORVA_EXPORT KORVAObjectRegistryI : public ZELReferenceCount {
@@ -36,6 +45,37 @@ public:
     };
 
     ~KORVAObjectRegistryI() override;
+
+    /// Makes an `X` of these arguments and registers it. `X` is a class that registerPointer takes,
+    /// or bool, char, float or int. The registry owns what is returned; it is never null.
+    /// @throws std::bad_alloc no memory is left; and what the constructor throws
+    template <class X, class... Arguments>
+    X* make(Arguments&&... arguments) {
+        ZELOwner<X> object(new X(std::forward<Arguments>(arguments)...));
+        if constexpr (std::is_arithmetic_v<X>)
+            return own(std::move(object), eKORVADelete);
+        else
+            return own(std::move(object));
+    }
+
+    /// Copies a text in UTF-8 and registers the copy, for the setters that store pointers. What a
+    /// getter returns is taken, too: null stays null, and a char streamable is copied as one.
+    /// @throws std::bad_alloc no memory is left
+    const char* keep(const char* text);
+    /// The same for plain text of a known length. A NUL in it ends it for whoever reads it.
+    /// @throws std::bad_alloc no memory is left
+    const char* keep(std::string_view text);
+
+    /// Registers what `owner` holds, and takes it over: nothing else changes hands when that fails.
+    /// @param owner a ZELOwner, a std::unique_ptr, or whatever else has `get` and `release`
+    /// @param mode how to free it: for bool, char, float and int, and for nothing else
+    /// @return what it held, the registry's from now on
+    /// @throws std::bad_alloc no memory is left; `owner` has then freed what it held
+    template <class Owner, class... Mode>
+    auto* own(Owner owner, Mode... mode) {
+        registerPointer(owner.get(), mode...);
+        return owner.release();
+    }
 
     /// @throws ZELAssertError `mode` is none of the five; nothing is registered
     virtual void registerPointer(bool* p, KORVADeleteMode mode) = 0;

@@ -1,8 +1,11 @@
-// The owner of everything that is allocated for one scope of the second object model.
+/// The owner of everything that is allocated for one scope of the second object model.
 #pragma once
 
 #include <tarn/TARNExport.h>
+#include <zel/ZELOwner.h>
 #include <zel/ZELReferenceCount.h>
+
+#include <utility>
 
 class BRIMOutputStream;
 class TARNBase64Binary;
@@ -20,6 +23,24 @@ class TARN_String;
 class TARN_EXPORT TARNObjectRegistryI : public ZELReferenceCount {
 public:
     ~TARNObjectRegistryI() override;
+
+    /// Makes an `X` of these arguments and registers it. `X` is a class that registerPointer takes.
+    /// The registry owns what is returned; it is never null. Nothing is left behind by a failure.
+    /// @throws std::bad_alloc no memory is left; and what the constructor throws
+    template <class X, class... Arguments>
+    X* make(Arguments&&... arguments) {
+        return own(ZELOwner<X>(new X(std::forward<Arguments>(arguments)...)));
+    }
+
+    /// Registers what `owner` holds, and takes it over.
+    /// @param owner a ZELOwner, a std::unique_ptr, or whatever else has `get` and `release`
+    /// @return what it held, the registry's from now on
+    /// @throws std::bad_alloc no memory is left; `owner` has then freed what it held
+    template <class Owner>
+    auto* own(Owner owner) {
+        registerPointer(owner.get());
+        return owner.release();
+    }
 
     virtual void registerPointer(TARNSchemaTypeI* p) = 0;
     virtual void registerPointer(TARN_String* p) = 0;
