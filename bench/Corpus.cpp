@@ -63,17 +63,10 @@ public:
 
     template <class X>
     X* make() {
-        X* const object = new X;
-        m_registry->registerPointer(object);
-        return object;
+        return m_registry->make<X>();
     }
 
-    const char* text(const std::string& s) {
-        char* const copy = new char[s.size() + 1];
-        std::memcpy(copy, s.c_str(), s.size() + 1);
-        m_registry->registerPointer(copy, KORVAObjectRegistryI::eKORVADeleteArray);
-        return copy;
-    }
+    const char* text(const std::string& s) { return m_registry->keep(s); }
 
     /// A word of letters; not std::uniform_int_distribution, whose results differ by library.
     std::string word(std::size_t length) {
@@ -226,8 +219,7 @@ Call makeBinaryReply(std::size_t bytes) {
     std::string data(bytes, '\0');
     for (char& c : data)
         c = static_cast<char>(maker.next());
-    auto* const image = new KORVAXSBase64Binary(data.data(), data.size());
-    maker.registry()->registerPointer(image);
+    auto* const image = maker.registry()->make<KORVAXSBase64Binary>(data.data(), data.size());
     reply.setResult(image);
     return call;
 }

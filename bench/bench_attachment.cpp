@@ -12,6 +12,7 @@
 #include <korva/KORVAStringProp.h>
 #include <korva/KORVA_AttachmentHandler.h>
 #include <korva/KORVA_SpoolingAttachmentContainer.h>
+#include <zel/ZELOwner.h>
 #include <zel/ZELSmartPointer.h>
 
 #include <benchmark/benchmark.h>
@@ -89,8 +90,7 @@ void copyToContainers(benchmark::State& state, std::size_t size, Factory factory
     for (auto _ : state) {
         const ZELSmartPointer<KORVAObjectRegistry> registry(KORVAObjectRegistry::create());
         for (std::size_t i = 0; i < total / size; ++i) {
-            auto* const container = factory();
-            registry->registerPointer(container);
+            auto* const container = registry->own(ZELOwner(factory()));
             BRIMMemoryInputStream part(bytes.data() + i * size, size);
             char piece[2048];
             for (;;) {

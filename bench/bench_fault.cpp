@@ -37,28 +37,21 @@ Call makeCall() {
         KORVAMessageI::eKORVAAsynchRun_Request);
 }
 
-template <class X>
-X& make(KORVAObjectRegistryI& registry) {
-    X* const object = new X;
-    registry.registerPointer(object);
-    return *object;
-}
-
 /// One detail with three messages, as a service that fails in the depth tells them.
 KORVASOAPFault& makeFault(KORVAObjectRegistryI& registry) {
-    auto& fault = make<KORVASOAPFault>(registry);
+    auto& fault = *registry.make<KORVASOAPFault>();
     fault.setFaultCode("SOAP-ENV:Server");
     fault.setFaultString("The report can't be run.");
-    auto& details = make<KORVAFaultDetailArray>(registry);
+    auto& details = *registry.make<KORVAFaultDetailArray>();
     fault.setDetail(&details);
-    auto& detail = make<KORVAFaultDetail>(registry);
+    auto& detail = *registry.make<KORVAFaultDetail>();
     details.push_back(&detail);
     detail.setErrorCode("RPT-0042");
     detail.getSeverity(&registry)->setValue(KORVASeverityEnum::eKORVAError);
     int level = 0;
     for (const char* const text : {"The report can't be run.", "The data source can't be reached.",
                                    "The connection to the host was refused."}) {
-        auto& message = make<KORVAFaultDetailMessage>(registry);
+        auto& message = *registry.make<KORVAFaultDetailMessage>();
         message.setMessage(text);
         message.setNestingLevel(level++);
         detail.getMessage().push_back(&message);

@@ -55,14 +55,6 @@ namespace {
 
 using Binding = ZELSmartPointer<KORVAPortTypeBinding>;
 
-/// Makes an object that lives as long as `registry`.
-template <class X>
-X* make(KORVAObjectRegistryI* registry) {
-    X* const object = new X;
-    registry->registerPointer(object);
-    return object;
-}
-
 std::string envelopeOf(KORVAPortTypeBinding& call, KORVAMessageI& message) {
     BRIMMemoryOutputStream bytes;
     KORVASOAPMessageISerializer().serialize(call, message, bytes);
@@ -86,16 +78,16 @@ Binding makeRequest() {
 
     request->getObjectPath(registry)->setValue("/content/folder[@name='Sales']/report[@name='Q4']");
 
-    auto* const item = make<KORVASimpleParmValueItem>(registry);
+    auto* const item = registry->make<KORVASimpleParmValueItem>();
     item->setUse("EMEA");
     item->setDisplay("Europe & more");
     item->setInclusive(true);
-    auto* const region = make<KORVAParameterValue>(registry);
+    auto* const region = registry->make<KORVAParameterValue>();
     region->setName("region");
     region->getValue().push_back(item);
     request->getParameterValues(registry)->push_back(region);
 
-    auto* const prompt = make<KORVARunOptionBoolean>(registry);
+    auto* const prompt = registry->make<KORVARunOptionBoolean>();
     prompt->getName(registry)->setValue(KORVARunOptionEnum::eKORVAPrompt);
     prompt->setValue(false);
     request->getOptions(registry)->push_back(prompt);
@@ -111,14 +103,14 @@ void fillReply(KORVAPortTypeBinding& call) {
     result->getPrimaryRequest(registry)->setName("run");
     result->getPrimaryRequest(registry)->getStateData(registry)->setValue("<state step=\"2\"/>");
 
-    auto* const status = make<KORVAAsynchDetailReportStatus>(registry);
+    auto* const status = registry->make<KORVAAsynchDetailReportStatus>();
     status->getStatus(registry)->setValue("responseReady");
     result->getDetails().push_back(status);
 
-    auto* const output = make<KORVAOutput>(registry);
+    auto* const output = registry->make<KORVAOutput>();
     output->getDefaultName(registry)->setValue("Q4.html");
     output->getDataType(registry)->setValue("text/html");
-    auto* const detail = make<KORVAAsynchDetailReportOutput>(registry);
+    auto* const detail = registry->make<KORVAAsynchDetailReportOutput>();
     detail->getOutputObjects().push_back(output);
     detail->getOutputPages().push_back("<p>Sales rose by 4 %.</p>");
     result->getDetails().push_back(detail);

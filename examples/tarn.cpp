@@ -8,6 +8,7 @@
 #include <tarn/TARNObjectRegistry.h>
 #include <tarn/TARNSchemaTypesFactory.h>
 #include <tarn/TARN_String.h>
+#include <zel/ZELOwner.h>
 #include <zel/ZELSmartPointer.h>
 
 #include <cstring>
@@ -20,10 +21,9 @@ namespace {
 void setText(TARNSchemaTypeI& object, const char* name, const char* text,
              TARNObjectRegistryI& registry) {
     const TARNSchemaTypeI::ObjectType type = object.getChildType(name);
-    TARNSchemaTypeI* const property = TARNSchemaTypesFactory::getInstance().create(type);
-    registry.registerPointer(property);
-    auto* const value = new TARN_String;
-    registry.registerPointer(value);
+    TARNSchemaTypeI* const property =
+        registry.own(ZELOwner(TARNSchemaTypesFactory::getInstance().create(type)));
+    auto* const value = registry.make<TARN_String>();
     value->appendChars(text, std::strlen(text));
     property->setChildObject("value", value->buffer(), TARNSchemaTypeI::eString, nullptr);
     object.setChildObject(name, property, type, nullptr);

@@ -1,13 +1,12 @@
 #include "examples/live_call/Faults.h"
 
-#include "examples/live_call/Objects.h"
-
 #include <brim/BRIMMemoryOutputStream.h>
 #include <i18n/KORVAMessageCatalogue.h>
 #include <korva/KORVAFaultDetail.h>
 #include <korva/KORVAFaultDetailArray.h>
 #include <korva/KORVAFaultDetailMessage.h>
 #include <korva/KORVAFaultDetailMessageArray.h>
+#include <korva/KORVAObjectRegistryI.h>
 #include <korva/KORVASOAPFault.h>
 #include <korva/KORVASOAPFaultException.h>
 #include <korva/KORVASOAPFaultSerializer.h>
@@ -20,18 +19,18 @@ namespace live_call {
 
 KORVASOAPFault& makeFault(KORVAObjectRegistryI& registry, Blame blame, const char* text,
                           const Error& error) {
-    auto* const detail = make<KORVAFaultDetail>(registry);
-    detail->setErrorCode(keep(registry, error.code));
+    auto* const detail = registry.make<KORVAFaultDetail>();
+    detail->setErrorCode(registry.keep(error.code));
     detail->getSeverity(&registry)->setValue(KORVASeverityEnum::eKORVAError);
     for (const std::string& message : error.messages) {
-        auto* const line = make<KORVAFaultDetailMessage>(registry);
-        line->setMessage(keep(registry, message));
+        auto* const line = registry.make<KORVAFaultDetailMessage>();
+        line->setMessage(registry.keep(message));
         detail->getMessage().push_back(line);
     }
-    auto* const details = make<KORVAFaultDetailArray>(registry);
+    auto* const details = registry.make<KORVAFaultDetailArray>();
     details->push_back(detail);
 
-    auto* const fault = make<KORVASOAPFault>(registry);
+    auto* const fault = registry.make<KORVASOAPFault>();
     fault->setFaultCode(blame == Blame::eCaller ? "SOAP-ENV:Client" : "SOAP-ENV:Server");
     fault->setFaultString(text);
     fault->setDetail(details);

@@ -1,7 +1,6 @@
 #include "examples/live_call/ReportOperations.h"
 
 #include "examples/live_call/Faults.h"
-#include "examples/live_call/Objects.h"
 #include "examples/live_call/ReportOutput.h"
 
 #include <korva/KORVAAsynchDetailArray.h>
@@ -17,6 +16,7 @@
 #include <korva/KORVABase64BinaryMIMEProp.h>
 #include <korva/KORVABaseClassArray.h>
 #include <korva/KORVANmtokenProp.h>
+#include <korva/KORVAObjectRegistryI.h>
 #include <korva/KORVAOptionArray.h>
 #include <korva/KORVAOutput.h>
 #include <korva/KORVAParameterValue.h>
@@ -97,9 +97,9 @@ void openConversation(KORVAAsynchReply& reply, KORVAObjectRegistryI& registry,
         for (KORVAParameterValue* const parameter : *parameters)
             handle->getParameters().push_back(parameter);
 
-    auto* const output = make<KORVAAsynchDetailReportOutput>(registry);
+    auto* const output = registry.make<KORVAAsynchDetailReportOutput>();
     output->getOutputPages().push_back(
-        keep(registry, "Sales of " + shownValue(parameters, "region") + ", " + subject));
+        registry.keep("Sales of " + shownValue(parameters, "region") + ", " + subject));
     reply.getDetails().push_back(output);
 }
 
@@ -140,15 +140,14 @@ void runSpecification(KORVAPortTypeBinding& call, std::vector<Attachment>&) {
 /// Says in the reply what the attachment is, and where.
 void describe(KORVAAsynchReply& reply, KORVAObjectRegistryI& registry, const std::string& format,
               const Attachment& attachment) {
-    auto* const id = new KORVAXSBase64Binary(attachment.id.data(), attachment.id.size());
-    registry.registerPointer(id);
+    auto* const id = registry.make<KORVAXSBase64Binary>(attachment.id.data(), attachment.id.size());
     id->setIsContentId(true);
 
-    auto* const output = make<KORVAOutput>(registry);
-    output->getFormat(&registry)->setValue(keep(registry, format));
-    output->getDataType(&registry)->setValue(keep(registry, attachment.type));
+    auto* const output = registry.make<KORVAOutput>();
+    output->getFormat(&registry)->setValue(registry.keep(format));
+    output->getDataType(&registry)->setValue(registry.keep(attachment.type));
     output->getData(&registry)->setValue(id);
-    auto* const detail = make<KORVAAsynchDetailReportOutput>(registry);
+    auto* const detail = registry.make<KORVAAsynchDetailReportOutput>();
     detail->getOutputObjects().push_back(output);
     reply.getDetails().push_back(detail);
     reply.getStatus(&registry)->setValue(KORVAAsynchReplyStatusEnum::eKORVAConversationComplete);

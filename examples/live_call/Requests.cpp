@@ -1,11 +1,10 @@
 #include "examples/live_call/Requests.h"
 
-#include "examples/live_call/Objects.h"
-
 #include <korva/KORVAAsynchRequest.h>
 #include <korva/KORVAAsynchRunSpecification_Request.h>
 #include <korva/KORVAAsynchRun_Request.h>
 #include <korva/KORVAHalyardHeader.h>
+#include <korva/KORVAObjectRegistryI.h>
 #include <korva/KORVAOptionArray.h>
 #include <korva/KORVAParameterValue.h>
 #include <korva/KORVAParameterValueArray.h>
@@ -37,10 +36,10 @@ void fillHeader(KORVAMessageI& request, const char* context) {
 }
 
 KORVAParameterValue* makeRegion(KORVAObjectRegistryI& registry) {
-    auto* const item = make<KORVASimpleParmValueItem>(registry);
+    auto* const item = registry.make<KORVASimpleParmValueItem>();
     item->setUse("EMEA");
     item->setDisplay("Europe & more");
-    auto* const region = make<KORVAParameterValue>(registry);
+    auto* const region = registry.make<KORVAParameterValue>();
     region->setName("region");
     region->getValue().push_back(item);
     return region;
@@ -66,7 +65,7 @@ Binding makeRunSpecification() {
         new KORVAAsynchRunSpecification_Request);
     KORVAObjectRegistryI* const registry = request->getObjectRegistry();
     fillHeader(*request, "live-call-run-specification");
-    auto* const specification = make<KORVAReportServiceReportSpecification>(*registry);
+    auto* const specification = registry->make<KORVAReportServiceReportSpecification>();
     specification->getValue(registry)->setValue(
         "<report><list rows=\"[Sales].[Region]\"/><chart type=\"bar\"/></report>");
     request->setSpecification(specification);
@@ -80,7 +79,7 @@ Binding makeGetOutput(KORVAAsynchRequest& conversation, const char* format) {
     fillHeader(*request, "live-call-get-output");
     request->setConversation(static_cast<KORVAAsynchRequest*>(
         &KORVASchemaTypesFactory::getInstance().createCopy(conversation, *registry)));
-    auto* const option = make<KORVARunOptionStringArray>(*registry);
+    auto* const option = registry->make<KORVARunOptionStringArray>();
     option->getName(registry)->setValue(KORVARunOptionEnum::eKORVAOutputFormat);
     option->getValue().push_back(format);
     request->getOptions(registry)->push_back(option);

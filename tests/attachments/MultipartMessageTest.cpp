@@ -7,6 +7,7 @@
 #include <halyard/HALYARDTKMultipartWriter.h>
 #include <korva/KORVAActivate_Request.h>
 #include <korva/KORVAMapGetMapPreview_Reply.h>
+#include <korva/KORVAObjectRegistryI.h>
 #include <korva/KORVASOAPMessageISerializer.h>
 #include <korva/KORVAVelmoraTabulonPortType.h>
 #include <korva/KORVAXSBase64Binary.h>
@@ -37,8 +38,7 @@ std::string binary(std::size_t size) {
 Binding makeReply() {
     Binding call = makeCall(KORVAMessageI::eKORVAMapGetMapPreview_Request);
     auto& reply = static_cast<KORVAMapGetMapPreview_Reply&>(call->getOutputMessage());
-    auto* const image = new KORVAXSBase64Binary("image", 5);
-    reply.getObjectRegistry()->registerPointer(image);
+    auto* const image = reply.getObjectRegistry()->make<KORVAXSBase64Binary>("image", 5);
     image->setIsContentId(true);
     reply.setResult(image);
     return call;

@@ -21,12 +21,10 @@ constexpr std::size_t depth = 100000;
 
 /// A chain of items, each in the array of the one above.
 Item& makeChain(const Registry& registry) {
-    auto* const top = new Item;
-    registry->registerPointer(top);
+    auto* const top = registry->make<Item>();
     Item* last = top;
     for (std::size_t i = 1; i < depth; ++i) {
-        auto* const next = new Item;
-        registry->registerPointer(next);
+        auto* const next = registry->make<Item>();
         last->getSubNodes().push_back(next);
         last = next;
     }

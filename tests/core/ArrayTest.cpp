@@ -133,8 +133,7 @@ TEST(Array, AtTestsTheBound) {
 
 TEST(Array, ClearKeepsElementsAndCapacity) {
     const Registry registry = makeRegistry();
-    auto* const element = new KORVASchedule;
-    registry->registerPointer(element);
+    auto* const element = registry->make<KORVASchedule>();
     KORVAScheduleArray array;
     array.push_back(element);
     const std::size_t live = liveAllocations();
@@ -411,10 +410,8 @@ TEST(Array, CopiedTextsSurviveTheirSourceAndAreFreedWithTheCLibrary) {
     const std::size_t texts = korva::test::countsMalloc() ? 2 : 0;
     {
         const Registry sourceRegistry = makeRegistry();
-        auto* const text = new char[5]{'t', 'e', 'x', 't', '\0'};
-        sourceRegistry->registerPointer(text, KORVAObjectRegistryI::eKORVADeleteArray);
         KORVAStringArray source;
-        source.push_back(text);
+        source.push_back(sourceRegistry->keep("text"));
         source.push_back(nullptr);
         source.push_back("");
         const std::size_t live = liveAllocations();

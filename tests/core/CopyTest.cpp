@@ -50,12 +50,10 @@ X& copyOf(const X& source, const Registry& registry) {
 TEST(Copy, SurvivesCleanOfTheSourcesRegistry) {
     const Registry first = makeRegistry();
     const Registry second = makeRegistry();
-    auto* const schedule = new KORVASchedule;
-    first->registerPointer(schedule);
+    auto* const schedule = first->make<KORVASchedule>();
     schedule->getActive(first.get())->setValue(true);
-    auto* const buffer = new KORVA_String;
+    auto* const buffer = first->make<KORVA_String>();
     buffer->appendChars("from a buffer", 13);
-    first->registerPointer(buffer);
     schedule->getTriggerName(first.get())
         ->setChildObject("value", buffer->buffer(), Object::eString, nullptr);
     schedule->getTriggerName()->getSchemaInfo(first.get());

@@ -28,8 +28,7 @@ KORVASchemaTypeI& copy(const Item& item, const Registry& registry) {
 Item& extend(const Registry& registry, Item& top, std::size_t count) {
     Item* last = &top;
     for (std::size_t i = 0; i < count; ++i) {
-        auto* const next = new Item;
-        registry->registerPointer(next);
+        auto* const next = registry->make<Item>();
         last->getSubNodes().push_back(next);
         last = next;
     }

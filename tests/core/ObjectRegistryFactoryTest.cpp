@@ -28,7 +28,7 @@ TEST(ObjectRegistryFactory, DestroyFreesAllWhateverTheReferenceCount) {
     KORVAObjectRegistryI* const registry = factory.create();
     registry->addReference();
     registry->addReference();
-    registry->registerPointer(new KORVAStringProp);
+    registry->make<KORVAStringProp>();
     EXPECT_GT(korva::test::liveAllocations(), live);
     factory.destroy(registry);
     EXPECT_EQ(korva::test::liveAllocations(), live);

@@ -5,11 +5,13 @@
 
 #include <korva/KORVAFaultDetailArray.h>
 #include <korva/KORVAMessageArray.h>
+#include <korva/KORVAObjectRegistryI.h>
 #include <korva/KORVASchemaTypesFactory.h>
 #include <korva/KORVASeverityEnum.h>
 #include <korva/KORVAStringArray.h>
 #include <korva/KORVAUndocumentedFaultDetailArray.h>
 #include <korva/KORVA_CharStreamable.h>
+#include <zel/ZELOwner.h>
 
 #include <gtest/gtest.h>
 
@@ -51,8 +53,8 @@ TEST(Fault, HasTheIdentityAndTheNameOfItsClass) {
 
 TEST(Fault, IsKnownToTheFactory) {
     const Maker maker;
-    KORVASchemaTypeI* const made = factory().create(Object::eKORVASOAPFault);
-    maker.registry()->registerPointer(made);
+    KORVASchemaTypeI* const made =
+        maker.registry()->own(ZELOwner(factory().create(Object::eKORVASOAPFault)));
     EXPECT_EQ(made->getObjectType(), Object::eKORVASOAPFault);
     EXPECT_STREQ(factory().objectTypeToXSIType(Object::eKORVASOAPFault), "KORVASOAPFault");
     EXPECT_TRUE(KORVASchemaTypesFactory::isGeneratedType(Object::eKORVASOAPFault));

@@ -6,10 +6,12 @@
 #include <korva/KORVAChildIndex.h>
 #include <korva/KORVAMessage.h>
 #include <korva/KORVAMessageArray.h>
+#include <korva/KORVAObjectRegistryI.h>
 #include <korva/KORVASchemaTypesFactory.h>
 #include <korva/KORVAStringArray.h>
 #include <korva/KORVAUndocumentedFaultDetailArray.h>
 #include <korva/KORVA_CharStreamable.h>
+#include <zel/ZELOwner.h>
 
 #include <gtest/gtest.h>
 
@@ -57,8 +59,8 @@ TEST(UndocumentedDetail, HasTheIdentityAndTheNameOfItsClass) {
 
 TEST(UndocumentedDetail, IsKnownToTheFactory) {
     const Maker maker;
-    KORVASchemaTypeI* const made = factory().create(Object::eKORVAUndocumentedFaultDetail);
-    maker.registry()->registerPointer(made);
+    KORVASchemaTypeI* const made =
+        maker.registry()->own(ZELOwner(factory().create(Object::eKORVAUndocumentedFaultDetail)));
     EXPECT_EQ(made->getObjectType(), Object::eKORVAUndocumentedFaultDetail);
     EXPECT_STREQ(factory().objectTypeToXSIType(Object::eKORVAUndocumentedFaultDetail),
                  "KORVAUndocumentedFaultDetail");
@@ -227,8 +229,7 @@ TEST(UndocumentedDetailArray, HasTheIdentityAndTheNameOfItsClass) {
 TEST(UndocumentedDetailArray, IsKnownToTheFactoryButNotAmongTheArraysOfTheSchema) {
     const Maker maker;
     constexpr auto type = Object::eKORVAUndocumentedFaultDetailArray;
-    KORVASchemaTypeI* const made = factory().create(type);
-    maker.registry()->registerPointer(made);
+    KORVASchemaTypeI* const made = maker.registry()->own(ZELOwner(factory().create(type)));
     EXPECT_EQ(made->getObjectType(), type);
     EXPECT_STREQ(factory().objectTypeToXSIType(type), "KORVAUndocumentedFaultDetailArray");
     EXPECT_FALSE(KORVASchemaTypesFactory::isArrayType(type));

@@ -1,4 +1,4 @@
-// Short ways to make and to look at objects, and the values that both directions carry.
+/// Short ways to make and to look at objects, and the values that both directions carry.
 #pragma once
 
 #include <korva/KORVAObjectRegistryI.h>
@@ -16,18 +16,8 @@ inline constexpr const char* anyText =
 /// Bytes that are neither text nor end at a NUL.
 inline const std::string someBytes("\0\x01\xFE\xFF\x61\x62\x63", 7);
 
-/// Makes an object that lives as long as `registry`.
-template <class X>
-X* make(KORVAObjectRegistryI* registry) {
-    X* const object = new X;
-    registry->registerPointer(object);
-    return object;
-}
-
 inline KORVAXSBase64Binary* makeBinary(KORVAObjectRegistryI* registry, const std::string& content) {
-    auto* const binary = new KORVAXSBase64Binary(content.data(), content.size());
-    registry->registerPointer(binary);
-    return binary;
+    return registry->make<KORVAXSBase64Binary>(content.data(), content.size());
 }
 
 inline std::string bytes(const KORVAXSBase64Binary* binary) {

@@ -27,6 +27,7 @@
 #include <korva/KORVAMapInfo.h>
 #include <korva/KORVAMapInfoArray.h>
 #include <korva/KORVAMonitorAdd_Request.h>
+#include <korva/KORVAObjectRegistryI.h>
 #include <korva/KORVAOptionArray.h>
 #include <korva/KORVAOutput.h>
 #include <korva/KORVAPageDefinition.h>
@@ -93,8 +94,8 @@ TEST(PhpCallsUs, CallsAnOperationWithoutParameters) {
     const PhpClient php("no-parameters", [](KORVAPortTypeBinding& call) {
         auto& reply = dynamic_cast<KORVAMapGetMapInfo_Reply&>(call.getOutputMessage());
         KORVAObjectRegistryI* const registry = reply.getObjectRegistry();
-        reply.getResult(registry)->push_back(make<KORVAMapInfo>(registry));
-        reply.getResult(registry)->push_back(make<KORVAMapInfo>(registry));
+        reply.getResult(registry)->push_back(registry->make<KORVAMapInfo>());
+        reply.getResult(registry)->push_back(registry->make<KORVAMapInfo>());
     });
     EXPECT_STREQ(php.binding().getOperationName(), "getMapInfo");
     EXPECT_STREQ(php.binding().getBoundPortType().getName(), "reportService");
@@ -287,14 +288,14 @@ TEST(PhpCallsUs, SendsDerivedOptionsInAnArrayTypedBySoap) {
 TEST(PhpCallsUs, ReadsDerivedDetailsInAnArrayOfTheirBase) {
     const PhpClient php("plain-run", [](KORVAPortTypeBinding& call) {
         KORVAObjectRegistryI* const registry = registryOf(call);
-        auto* const status = make<KORVAAsynchDetailReportStatus>(registry);
+        auto* const status = registry->make<KORVAAsynchDetailReportStatus>();
         status->getStatus(registry)->setValue("responseReady");
         resultOf(call).getDetails().push_back(status);
-        auto* const output = make<KORVAOutput>(registry);
+        auto* const output = registry->make<KORVAOutput>();
         output->getDataType(registry)->setValue("text/html");
-        auto* const report = make<KORVAReport>(registry);
+        auto* const report = registry->make<KORVAReport>();
         report->getDefaultName(registry)->setValue("Q4");
-        auto* const detail = make<KORVAAsynchDetailReportOutput>(registry);
+        auto* const detail = registry->make<KORVAAsynchDetailReportOutput>();
         detail->getOutputObjects().push_back(output);
         detail->getOutputObjects().push_back(report);
         detail->getOutputPages().push_back("<p>1</p>");
@@ -424,7 +425,7 @@ TEST(PhpCallsUs, SendsTextThatNeedsEscapingAndTextBeyondAscii) {
 
 TEST(PhpCallsUs, ReadsTextThatNeedsEscapingAndTextBeyondAscii) {
     const PhpClient php("plain-run", [](KORVAPortTypeBinding& call) {
-        auto* const detail = make<KORVAAsynchDetailReportOutput>(registryOf(call));
+        auto* const detail = registryOf(call)->make<KORVAAsynchDetailReportOutput>();
         detail->getOutputPages().push_back(anyText);
         detail->getOutputPages().push_back("");
         detail->getOutputPages().push_back("  two\nlines  ");
@@ -453,7 +454,7 @@ TEST(PhpCallsUs, SendsABooleanParameter) {
 TEST(PhpCallsUs, ReadsBooleans) {
     const PhpClient php("plain-run", [](KORVAPortTypeBinding& call) {
         for (const bool value : {true, false}) {
-            auto* const option = make<KORVARunOptionBoolean>(registryOf(call));
+            auto* const option = registryOf(call)->make<KORVARunOptionBoolean>();
             option->setValue(value);
             resultOf(call).getPrimaryRequest(registryOf(call))->getOptions().push_back(option);
         }
@@ -477,12 +478,12 @@ TEST(PhpCallsUs, SendsIntegersAndDecimals) {
 TEST(PhpCallsUs, ReadsIntegersAndDecimalsWithTheirTrailingBlank) {
     const PhpClient php("plain-run", [](KORVAPortTypeBinding& call) {
         KORVAObjectRegistryI* const registry = registryOf(call);
-        auto* const page = make<KORVAPageDefinition>(registry);
+        auto* const page = registry->make<KORVAPageDefinition>();
         page->getHeight(registry)->setValue(1.5f);
         page->getWidth(registry)->setValue(-0.25f);
-        auto* const output = make<KORVAAsynchDetailReportOutput>(registry);
+        auto* const output = registry->make<KORVAAsynchDetailReportOutput>();
         output->getOutputObjects().push_back(page);
-        auto* const attachment = make<KORVAAsynchDetailMIMEAttachment>(registry);
+        auto* const attachment = registry->make<KORVAAsynchDetailMIMEAttachment>();
         attachment->setDataSize(2147483647);
         resultOf(call).getDetails().push_back(output);
         resultOf(call).getDetails().push_back(attachment);

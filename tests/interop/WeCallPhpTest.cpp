@@ -24,6 +24,7 @@
 #include <korva/KORVAMonitorAdd_Reply.h>
 #include <korva/KORVAMonitorAdd_Request.h>
 #include <korva/KORVAMonitorServicePortType.h>
+#include <korva/KORVAObjectRegistryI.h>
 #include <korva/KORVAOptionArray.h>
 #include <korva/KORVAOutput.h>
 #include <korva/KORVAPageDefinition.h>
@@ -184,22 +185,22 @@ TEST(WeCallPhp, SendsDerivedOptionsInAnArrayOfTheirBase) {
     PhpServer server("empty-arrays");
     const Call call = runCall();
     KORVAObjectRegistryI* const registry = call->getInputMessage().getObjectRegistry();
-    auto* const prompt = make<KORVARunOptionBoolean>(registry);
+    auto* const prompt = registry->make<KORVARunOptionBoolean>();
     prompt->getName(registry)->setValue(KORVARunOptionEnum::eKORVAPrompt);
     prompt->setValue(false);
-    auto* const format = make<KORVARunOptionStringArray>(registry);
+    auto* const format = registry->make<KORVARunOptionStringArray>();
     format->getName(registry)->setValue("outputFormat");
     format->getValue().push_back("PDF");
     format->getValue().push_back("HTML");
-    auto* const elements = make<KORVARunOptionInt>(registry);
+    auto* const elements = registry->make<KORVARunOptionInt>();
     elements->setValue(5);
     KORVAOptionArray& options = *runRequest(call).getOptions();
     options.push_back(prompt);
     options.push_back(format);
     options.push_back(elements);
-    auto* const item = make<KORVASimpleParmValueItem>(registry);
+    auto* const item = registry->make<KORVASimpleParmValueItem>();
     item->setUse("EMEA");
-    auto* const region = make<KORVAParameterValue>(registry);
+    auto* const region = registry->make<KORVAParameterValue>();
     region->setName("region");
     region->getValue().push_back(item);
     runRequest(call).getParameterValues()->push_back(region);
@@ -362,12 +363,12 @@ TEST(WeCallPhp, SendsAndReadsIntegersAndDecimals) {
     ZELSmartPointer<KORVAMonitorAdd_Request> request(new KORVAMonitorAdd_Request);
     KORVAObjectRegistryI* const registry = request->getObjectRegistry();
     request->setEventID("event");
-    auto* const page = make<KORVAPageDefinition>(registry);
+    auto* const page = registry->make<KORVAPageDefinition>();
     page->getHeight(registry)->setValue(1.5f);
     page->getWidth(registry)->setValue(-0.25f);
     request->getObjects(registry)->push_back(page);
     request->getParameterValues(registry);
-    auto* const option = make<KORVARunOptionInt>(registry);
+    auto* const option = registry->make<KORVARunOptionInt>();
     option->setValue(-2147483647 - 1);
     request->getOptions(registry)->push_back(option);
     const Call call =
@@ -401,7 +402,7 @@ TEST(WeCallPhp, SendsBase64) {
     PhpServer server("numbers");
     ZELSmartPointer<KORVAMonitorAdd_Request> request(new KORVAMonitorAdd_Request);
     KORVAObjectRegistryI* const registry = request->getObjectRegistry();
-    auto* const graphic = make<KORVAGraphic>(registry);
+    auto* const graphic = registry->make<KORVAGraphic>();
     graphic->getData(registry)->setValue(makeBinary(registry, someBytes));
     request->getObjects(registry)->push_back(graphic);
     const Call call =

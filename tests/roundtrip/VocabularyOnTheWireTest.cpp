@@ -84,10 +84,8 @@ protected:
     }
 
     KORVASchemaTypeI& makeEmpty(const std::string& name) {
-        KORVASchemaTypeI* const object =
-            KORVASchemaTypesFactory::getInstance().create(identityOf("bus:" + name));
-        m_sources->registerPointer(object);
-        return *object;
+        return *m_sources->own(
+            ZELOwner(KORVASchemaTypesFactory::getInstance().create(identityOf("bus:" + name))));
     }
 
     /// Writes the object, holds the document against it, and expects what is read to be equal and

@@ -22,9 +22,7 @@ public:
 
     template <class X, class... Arguments>
     X* make(Arguments... arguments) const {
-        X* const object = new X(arguments...);
-        m_registry->registerPointer(object);
-        return object;
+        return m_registry->make<X>(arguments...);
     }
 
 private:

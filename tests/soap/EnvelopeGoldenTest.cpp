@@ -100,8 +100,7 @@ TEST(EnvelopeGolden, ReplyWithAttachment) {
     const Call call = KORVAReportServicePortType::getInstance().createPortTypeBinding(
         KORVAMessageI::eKORVAMapGetMapPreview_Request);
     auto& reply = static_cast<KORVAMapGetMapPreview_Reply&>(call->getOutputMessage());
-    auto* const image = new KORVAXSBase64Binary("part-1@host", 11);
-    reply.getObjectRegistry()->registerPointer(image);
+    auto* const image = reply.getObjectRegistry()->make<KORVAXSBase64Binary>("part-1@host", 11);
     image->setIsContentId(true);
     reply.setResult(image);
     EXPECT_EQ(written(*call, reply), goldenEnvelope("reply-with-attachment"));

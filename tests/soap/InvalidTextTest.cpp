@@ -8,6 +8,7 @@
 #include <korva/KORVAAsynchRun_Request.h>
 #include <korva/KORVABaseClassArray.h>
 #include <korva/KORVAFolder.h>
+#include <korva/KORVAObjectRegistryI.h>
 #include <korva/KORVAParameterValue.h>
 #include <korva/KORVAParameterValueArray.h>
 #include <korva/KORVAPermission.h>
@@ -229,8 +230,7 @@ TEST(InvalidText, ThePathTellsNamesAndPlacesInArrays) {
     KORVAParameterValueArray& values = *request.getParameterValues(registry);
     const char* const names[] = {"one", "two", "thr\x02"};
     for (const char* const name : names) {
-        auto* const value = new KORVAParameterValue;
-        registry->registerPointer(value);
+        auto* const value = registry->make<KORVAParameterValue>();
         value->setName(name);
         values.push_back(value);
     }

@@ -47,23 +47,14 @@ namespace korva::test {
 
 namespace {
 
-template <class X>
-X* make(KORVAObjectRegistryI* registry) {
-    X* const object = new X;
-    registry->registerPointer(object);
-    return object;
-}
-
 KORVAXSBase64Binary* makeBinary(KORVAObjectRegistryI* registry, const char* data,
                                 std::size_t length) {
-    auto* const binary = new KORVAXSBase64Binary(data, length);
-    registry->registerPointer(binary);
-    return binary;
+    return registry->make<KORVAXSBase64Binary>(data, length);
 }
 
 KORVASimpleParmValueItem* makeItem(KORVAObjectRegistryI* registry, const char* use,
                                    const char* display) {
-    auto* const item = make<KORVASimpleParmValueItem>(registry);
+    auto* const item = registry->make<KORVASimpleParmValueItem>();
     item->setUse(use);
     item->setDisplay(display);
     return item;
@@ -96,11 +87,11 @@ void fillHeader(KORVAMessageI& message) {
     warden.getRoles().push_back("::Authors");
     warden.getRoles().push_back("R&D");
     header.getExtension(registry);
-    auto* const cookie = make<KORVACookieVar>(registry);
+    auto* const cookie = registry->make<KORVACookieVar>();
     cookie->setName("session");
     cookie->setValue("a=1;b=\"2\"");
     header.getHdrSession(registry)->getCookieVars().push_back(cookie);
-    auto* const provider = make<KORVAProvider>(registry);
+    auto* const provider = registry->make<KORVAProvider>();
     provider->setName("dispatcher");
     provider->setPatch(-1);
     header.getProviders().push_back(provider);
@@ -116,22 +107,22 @@ void fillRunRequest(KORVAMessageI& message) {
     auto& request = static_cast<KORVAAsynchRun_Request&>(message);
     KORVAObjectRegistryI* const registry = request.getObjectRegistry();
     request.getObjectPath(registry)->setValue("/content/report[@name='Quarter']");
-    auto* const plain = make<KORVAParameterValue>(registry);
+    auto* const plain = registry->make<KORVAParameterValue>();
     plain->setName("Year");
     plain->getValue().push_back(makeItem(registry, "2026", nullptr));
-    auto* const range = make<KORVAParameterValue>(registry);
+    auto* const range = registry->make<KORVAParameterValue>();
     range->setName("Month");
-    auto* const bounds = make<KORVABoundRangeParmValueItem>(registry);
+    auto* const bounds = registry->make<KORVABoundRangeParmValueItem>();
     bounds->setInclusive(true);
     bounds->setStart(makeItem(registry, "1", "January"));
     bounds->setEnd(makeItem(registry, "3", "March"));
     range->getValue().push_back(bounds);
     request.getParameterValues(registry)->push_back(plain);
     request.getParameterValues(registry)->push_back(range);
-    auto* const prompt = make<KORVARunOptionBoolean>(registry);
+    auto* const prompt = registry->make<KORVARunOptionBoolean>();
     prompt->getName(registry)->setValue(KORVARunOptionEnum::eKORVAPrompt);
     prompt->setValue(false);
-    auto* const format = make<KORVARunOptionStringArray>(registry);
+    auto* const format = registry->make<KORVARunOptionStringArray>();
     format->getName(registry)->setValue(KORVARunOptionEnum::eKORVAOutputFormat);
     format->getValue().push_back("PDF");
     request.getOptions(registry)->push_back(prompt);
@@ -141,16 +132,16 @@ void fillRunRequest(KORVAMessageI& message) {
 void fillRunReply(KORVAMessageI& message) {
     KORVAObjectRegistryI* const registry = message.getObjectRegistry();
     KORVAAsynchReply& result = *static_cast<KORVAAsynchRun_Reply&>(message).getResult(registry);
-    auto* const status = make<KORVAAsynchDetailReportStatus>(registry);
+    auto* const status = registry->make<KORVAAsynchDetailReportStatus>();
     status->getStatus(registry)->setValue(KORVAAsynchDetailReportStatusEnum::eKORVAResponseReady);
-    auto* const output = make<KORVAAsynchDetailReportOutput>(registry);
-    auto* const object = make<KORVAOutput>(registry);
+    auto* const output = registry->make<KORVAAsynchDetailReportOutput>();
+    auto* const object = registry->make<KORVAOutput>();
     object->getBurstKey(registry)->setValue("North");
     output->getOutputObjects().push_back(object);
     output->getOutputPages().push_back("<html>page 1</html>");
-    auto* const count = make<KORVAAsynchDetailCount>(registry);
+    auto* const count = registry->make<KORVAAsynchDetailCount>();
     count->setCount(42);
-    auto* const attachment = make<KORVAAsynchDetailMIMEAttachment>(registry);
+    auto* const attachment = registry->make<KORVAAsynchDetailMIMEAttachment>();
     attachment->setData(makeBinary(registry, "hello", 5));
     attachment->setDataType("text/plain");
     for (KORVAAsynchDetail* const detail :

@@ -10,6 +10,7 @@
 #include <korva/KORVASOAPFaultException.h>
 #include <korva/KORVASOAPMessageISerializer.h>
 #include <korva/KORVASchemaTypesFactory.h>
+#include <zel/ZELOwner.h>
 
 #include <gtest/gtest.h>
 
@@ -99,8 +100,7 @@ TEST(Threads, MakeObjectsOfEveryKindAtOnce) {
         for (const KORVASchemaTypeI::ObjectType type :
              {KORVASchemaTypeI::eKORVASchedule, KORVASchemaTypeI::eKORVAReport,
               KORVASchemaTypeI::eKORVAStringArray}) {
-            KORVASchemaTypeI* const object = factory.create(type);
-            registry->registerPointer(object);
+            KORVASchemaTypeI* const object = registry->own(ZELOwner(factory.create(type)));
             made += factory.createCopy(*object, *registry).getObjectType() == type;
         }
     });

@@ -6,6 +6,7 @@
 #include <korva/KORVAXSBase64Binary.h>
 #include <korva/KORVA_String.h>
 #include <zel/ZELAssertError.h>
+#include <zel/ZELOwner.h>
 
 #include <gtest/gtest.h>
 
@@ -99,9 +100,7 @@ ObjectFiller::ObjectFiller(const Schema& schema, Registry registry, FillerValues
     : m_schema(schema), m_registry(std::move(registry)), m_values(values), m_deepest(deepest) {}
 
 KORVASchemaTypeI& ObjectFiller::create(const std::string& xmlName) {
-    KORVASchemaTypeI* const object = Factory::getInstance().create(identityOf("bus:" + xmlName));
-    m_registry->registerPointer(object);
-    return *object;
+    return *m_registry->own(ZELOwner(Factory::getInstance().create(identityOf("bus:" + xmlName))));
 }
 
 KORVASchemaTypeI& ObjectFiller::makeEmpty(Type type) {
@@ -190,26 +189,12 @@ void* ObjectFiller::makeValue(const std::string& place, Type type) {
 
 void* ObjectFiller::makeValue(const std::string& place, Type type, int level) {
     if (Factory::isString(type)) return makeText(m_values.textOf(type, place));
-    if (isNumber(type)) {
-        auto* const number = new int(m_values.number());
-        m_registry->registerPointer(number, KORVAObjectRegistryI::eKORVADelete);
-        return number;
-    }
-    if (isFloat(type)) {
-        auto* const number = new float(m_values.fraction());
-        m_registry->registerPointer(number, KORVAObjectRegistryI::eKORVADelete);
-        return number;
-    }
-    if (type == KORVASchemaTypeI::eBoolean) {
-        auto* const flag = new bool(m_values.flag());
-        m_registry->registerPointer(flag, KORVAObjectRegistryI::eKORVADelete);
-        return flag;
-    }
+    if (isNumber(type)) return m_registry->make<int>(m_values.number());
+    if (isFloat(type)) return m_registry->make<float>(m_values.fraction());
+    if (type == KORVASchemaTypeI::eBoolean) return m_registry->make<bool>(m_values.flag());
     if (type == KORVASchemaTypeI::eBase64Binary) {
         const std::string bytes = m_values.bytes(place);
-        auto* const binary = new KORVAXSBase64Binary(bytes.data(), bytes.size());
-        m_registry->registerPointer(binary);
-        return binary;
+        return m_registry->make<KORVAXSBase64Binary>(bytes.data(), bytes.size());
     }
     const std::vector<std::string>& names = m_schema.concreteNames(type);
     const std::string& name = names.at(m_values.choose(names.size()));
@@ -222,8 +207,7 @@ void* ObjectFiller::makeValue(const std::string& place, Type type, int level) {
 }
 
 ZELByteBuffer* ObjectFiller::makeText(const std::string& text) {
-    auto* const buffer = new KORVA_String;
-    m_registry->registerPointer(buffer);
+    auto* const buffer = m_registry->make<KORVA_String>();
     buffer->appendChars(text.data(), text.size());
     return buffer->buffer();
 }

@@ -7,6 +7,7 @@
 #include <tarn/TARNSchemaTypesFactory.h>
 #include <tarn/TARN_CharStreamable.h>
 #include <tarn/TARN_String.h>
+#include <zel/ZELOwner.h>
 #include <zel/ZELSmartPointer.h>
 
 #include <cstdint>
@@ -34,25 +35,25 @@ public:
     const ZELSmartPointer<TARNObjectRegistry> registry{TARNObjectRegistry::create()};
 
     TARNSchemaTypeI& make(TarnType type) {
-        return keep(TARNSchemaTypesFactory::getInstance().create(type));
+        return *registry->own(ZELOwner(TARNSchemaTypesFactory::getInstance().create(type)));
     }
     TARNSchemaTypeI& make(const char* xmlName) { return make(tarnType(xmlName)); }
 
     /// A text as setChildObject takes it.
     ZELByteBuffer* text(std::string_view characters) {
-        TARN_String& string = keep(new TARN_String);
+        TARN_String& string = *registry->make<TARN_String>();
         string.appendChars(characters.data(), characters.size());
         return string.buffer();
     }
 
     TARNBase64Binary& binary(std::string_view bytes) {
-        TARNBase64Binary& value = keep(new TARNBase64Binary);
+        TARNBase64Binary& value = *registry->make<TARNBase64Binary>();
         value.reference(bytes.data(), bytes.size());
         return value;
     }
 
     TARN_CharStreamable& streamed(const char* characters) {
-        TARN_CharStreamable& value = keep(new TARN_CharStreamable);
+        TARN_CharStreamable& value = *registry->make<TARN_CharStreamable>();
         value.initialize(characters, false);
         return value;
     }
@@ -66,13 +67,6 @@ public:
         TARNSchemaTypeI& child = make(type);
         object.setChildObject(name, &child, type, nullptr);
         return child;
-    }
-
-private:
-    template <class X>
-    X& keep(X* object) {
-        registry->registerPointer(object);
-        return *object;
     }
 };
 

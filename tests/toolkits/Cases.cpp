@@ -18,6 +18,7 @@
 #include <korva/KORVAEventTrigger_Reply.h>
 #include <korva/KORVAEventTrigger_Request.h>
 #include <korva/KORVAHalyardHeader.h>
+#include <korva/KORVAObjectRegistryI.h>
 #include <korva/KORVAOptionArray.h>
 #include <korva/KORVAOutput.h>
 #include <korva/KORVAPage.h>
@@ -63,7 +64,7 @@ KORVAAsynchRun_Request& emptyRun(KORVAPortTypeBinding& call) {
 }
 
 KORVASimpleParmValueItem* makeItem(Registry registry, const char* use, const char* display) {
-    auto* const item = make<KORVASimpleParmValueItem>(registry);
+    auto* const item = registry->make<KORVASimpleParmValueItem>();
     item->setUse(use);
     item->setDisplay(display);
     item->setInclusive(true);
@@ -71,7 +72,7 @@ KORVASimpleParmValueItem* makeItem(Registry registry, const char* use, const cha
 }
 
 KORVARunOptionBoolean* makePrompt(Registry registry, bool value) {
-    auto* const option = make<KORVARunOptionBoolean>(registry);
+    auto* const option = registry->make<KORVARunOptionBoolean>();
     option->getName(registry)->setValue(Enum::eKORVAPrompt);
     option->setValue(value);
     return option;
@@ -89,22 +90,22 @@ void fillTreeRequest(KORVAPortTypeBinding& call) {
     warden.getRoles().push_back("Authors");
     warden.getRoles().push_back("R&D");
 
-    auto* const region = make<KORVAParameterValue>(registry);
+    auto* const region = registry->make<KORVAParameterValue>();
     region->setName("region");
     region->getValue().push_back(makeItem(registry, "EMEA", "Europe"));
-    auto* const range = make<KORVABoundRangeParmValueItem>(registry);
+    auto* const range = registry->make<KORVABoundRangeParmValueItem>();
     range->setStart(makeItem(registry, "1", "one"));
     range->setEnd(makeItem(registry, "9", "nine"));
     region->getValue().push_back(range);
     request.getParameterValues()->push_back(region);
 
     request.getOptions()->push_back(makePrompt(registry, false));
-    auto* const formats = make<KORVARunOptionStringArray>(registry);
+    auto* const formats = registry->make<KORVARunOptionStringArray>();
     formats->getName(registry)->setValue(Enum::eKORVAOutputFormat);
     formats->getValue().push_back("PDF");
     formats->getValue().push_back("HTML");
     request.getOptions()->push_back(formats);
-    auto* const rows = make<KORVARunOptionInt>(registry);
+    auto* const rows = registry->make<KORVARunOptionInt>();
     rows->getName(registry)->setValue(Enum::eKORVAVerticalElements);
     rows->setValue(-5);
     request.getOptions()->push_back(rows);
@@ -112,7 +113,7 @@ void fillTreeRequest(KORVAPortTypeBinding& call) {
 
 void addText(KORVAAsynchRun_Request& request, const char* text) {
     const Registry registry = request.getObjectRegistry();
-    auto* const option = make<KORVARunOptionString>(registry);
+    auto* const option = registry->make<KORVARunOptionString>();
     option->getName(registry)->setValue(Enum::eKORVABurstKeyLimit);
     option->setValue(text);
     request.getOptions()->push_back(option);
@@ -133,10 +134,10 @@ void fillEmptyTextRequest(KORVAPortTypeBinding& call) {
 void fillOmittedRequest(KORVAPortTypeBinding& call) {
     KORVAAsynchRun_Request& request = emptyRun(call);
     const Registry registry = request.getObjectRegistry();
-    auto* const region = make<KORVAParameterValue>(registry);
+    auto* const region = registry->make<KORVAParameterValue>();
     region->setName("region");
     request.getParameterValues()->push_back(region);
-    auto* const option = make<KORVARunOptionBoolean>(registry);
+    auto* const option = registry->make<KORVARunOptionBoolean>();
     option->getName(registry)->setValue(Enum::eKORVAPrompt);
     request.getOptions()->push_back(option);
 }
@@ -172,7 +173,7 @@ KORVAAsynchReply& emptyReply(KORVAPortTypeBinding& call) {
 }
 
 KORVAAsynchDetailReportStatus* makeStatus(Registry registry) {
-    auto* const status = make<KORVAAsynchDetailReportStatus>(registry);
+    auto* const status = registry->make<KORVAAsynchDetailReportStatus>();
     status->getStatus(registry)->setValue("responseReady");
     return status;
 }
@@ -183,18 +184,18 @@ void fillTreeReply(KORVAPortTypeBinding& call) {
     runReply(call).getHalyardHeader(registry)->getTracking(registry)->setHopCount(3);
     result.getDetails().push_back(makeStatus(registry));
 
-    auto* const output = make<KORVAOutput>(registry);
+    auto* const output = registry->make<KORVAOutput>();
     output->getDataType(registry)->setValue("text/html");
-    auto* const page = make<KORVAPage>(registry);
+    auto* const page = registry->make<KORVAPage>();
     page->getDataType(registry)->setValue("text/plain");
-    auto* const pages = make<KORVAAsynchDetailReportOutput>(registry);
+    auto* const pages = registry->make<KORVAAsynchDetailReportOutput>();
     pages->getOutputObjects().push_back(output);
     pages->getOutputObjects().push_back(page);
     pages->getOutputPages().push_back("<p>1</p>");
     pages->getOutputPages().push_back(anyText);
     result.getDetails().push_back(pages);
 
-    auto* const attached = make<KORVAAsynchDetailMIMEAttachment>(registry);
+    auto* const attached = registry->make<KORVAAsynchDetailMIMEAttachment>();
     attached->setData(makeBinary(registry, someBytes));
     attached->setDataSize(7);
     result.getDetails().push_back(attached);
@@ -208,11 +209,11 @@ void fillNullItemsReply(KORVAPortTypeBinding& call) {
     KORVAAsynchReply& result = emptyReply(call);
     const Registry registry = runReply(call).getObjectRegistry();
     result.getDetails().push_back(nullptr);
-    auto* const pages = make<KORVAAsynchDetailReportOutput>(registry);
+    auto* const pages = registry->make<KORVAAsynchDetailReportOutput>();
     for (const char* const page : {"one", static_cast<const char*>(nullptr), "three"})
         pages->getOutputPages().push_back(page);
     result.getDetails().push_back(pages);
-    result.getDetails().push_back(make<KORVAAsynchDetailReportStatus>(registry));
+    result.getDetails().push_back(registry->make<KORVAAsynchDetailReportStatus>());
 }
 
 void fillSharedReply(KORVAPortTypeBinding& call) {
@@ -226,7 +227,7 @@ void fillSharedReply(KORVAPortTypeBinding& call) {
 void fillAttachmentReply(KORVAPortTypeBinding& call) {
     KORVAAsynchReply& result = emptyReply(call);
     const Registry registry = runReply(call).getObjectRegistry();
-    auto* const attached = make<KORVAAsynchDetailMIMEAttachment>(registry);
+    auto* const attached = registry->make<KORVAAsynchDetailMIMEAttachment>();
     attached->setData(makeBinary(registry, "picture"));
     attached->getData()->setIsContentId(true);
     attached->setDataSize(7);
@@ -247,7 +248,7 @@ void fillEmptyReply(KORVAPortTypeBinding& call) {
 
 void fillEmptyTextReply(KORVAPortTypeBinding& call) {
     KORVAAsynchReply& result = emptyReply(call);
-    auto* const pages = make<KORVAAsynchDetailReportOutput>(runReply(call).getObjectRegistry());
+    auto* const pages = runReply(call).getObjectRegistry()->make<KORVAAsynchDetailReportOutput>();
     pages->getOutputPages().push_back("");
     pages->getOutputPages().push_back("two");
     result.getDetails().push_back(pages);
