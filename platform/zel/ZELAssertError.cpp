@@ -1,7 +1,7 @@
 #include "zel/ZELAssertError.h"
 
 #include <zel/ZELAssert.h>
-#include <zel/ZELFrame.h>
+#include <zel/ZELDefineThrowable.h>
 
 ZELAssertError::ZELAssertError(ZELSeverity severity, int errorCode, const char* text) noexcept
     : ZELThrowable(severity, errorCode), m_text(text) {}
@@ -13,25 +13,7 @@ ZELAssertError::ZELAssertError(int severity, int errorCode, const char* text) no
 ZELAssertError::ZELAssertError(const ZELText& text) noexcept
     : ZELThrowable(eZELFatal, 0), m_text(text) {}
 
-ZELAssertError::ZELAssertError(const ZELAssertError&) noexcept = default;
-ZELAssertError& ZELAssertError::operator=(const ZELAssertError&) noexcept = default;
-ZELAssertError::~ZELAssertError() = default;
-
-void ZELAssertError::hurl(ZELFileLocation location, const char* function, const char* macro) {
-    addBackTrace(location, function, macro);
-    throw ZELAssertError(*this);
-}
-
-ZELAssertError* ZELAssertError::clone() const {
-    ZEL_TRY {
-        return new ZELAssertError(*this);
-    }
-    ZEL_CATCH("ZELAssertError::clone");
-}
-
-const char* ZELAssertError::getThrowableName() const noexcept {
-    return "ZELAssertError";
-}
+ZEL_DEFINE_PLAIN_THROWABLE(ZELAssertError, "ZELAssertError::clone");
 
 void ZELAssertError::describe(std::string& text) const {
     text += getText();

@@ -1,5 +1,6 @@
 #include "zel/ZELException.h"
 
+#include <zel/ZELDefineThrowable.h>
 #include <zel/ZELFrame.h>
 
 ZELException::ZELException(int errorCode) noexcept : ZELException(eZELError, errorCode) {}
@@ -12,25 +13,7 @@ ZELException::ZELException(const char* text) noexcept : ZELException(eZELError, 
 ZELException::ZELException(ZELSeverity severity, const char* text) noexcept
     : ZELThrowable(severity, 0), m_text(text), m_fromText(true) {}
 
-ZELException::ZELException(const ZELException&) noexcept = default;
-ZELException& ZELException::operator=(const ZELException&) noexcept = default;
-ZELException::~ZELException() = default;
-
-void ZELException::hurl(ZELFileLocation location, const char* function, const char* macro) {
-    addBackTrace(location, function, macro);
-    throw ZELException(*this);
-}
-
-ZELException* ZELException::clone() const {
-    ZEL_TRY {
-        return new ZELException(*this);
-    }
-    ZEL_CATCH("ZELException::clone");
-}
-
-const char* ZELException::getThrowableName() const noexcept {
-    return "ZELException";
-}
+ZEL_DEFINE_PLAIN_THROWABLE(ZELException, "ZELException::clone");
 
 const char* ZELException::getErrorCodeString() const noexcept {
     return m_fromText ? m_text.get() : ZELThrowable::getErrorCodeString();

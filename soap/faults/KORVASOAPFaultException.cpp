@@ -2,7 +2,7 @@
 
 #include <korva/KORVAObjectRegistryI.h>
 #include <korva/KORVASOAPFault.h>
-#include <zel/ZELFrame.h>
+#include <zel/ZELDefineThrowable.h>
 #include <zel/ZELPrintable.h>
 
 #include <utility>
@@ -53,19 +53,6 @@ void KORVASOAPFaultException::getSOAPFaultMessages(std::string& text) const {
     m_fault->getMessages(text);
 }
 
-KORVASOAPFaultException* KORVASOAPFaultException::clone() const {
-    ZEL_TRY {
-        return new KORVASOAPFaultException(*this);
-    }
-    ZEL_CATCH("KORVASOAPFaultException::clone()");
-}
-
-void KORVASOAPFaultException::hurl(ZELFileLocation location, const char* function,
-                                   const char* macro) {
-    addBackTrace(location, function, macro);
-    throw KORVASOAPFaultException(*this);
-}
-
 const char* KORVASOAPFaultException::toString() const {
     // The unclosed quotes and the tag that ends in another case are what readers of logs expect.
     try {
@@ -93,6 +80,4 @@ const char* KORVASOAPFaultException::toString() const {
     return m_text.get();
 }
 
-const char* KORVASOAPFaultException::getThrowableName() const noexcept {
-    return "KORVASOAPFaultException";
-}
+ZEL_DEFINE_THROWABLE(KORVASOAPFaultException, "KORVASOAPFaultException::clone()");
