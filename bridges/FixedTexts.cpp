@@ -1,6 +1,7 @@
 #include "bridges/FixedTexts.h"
 
 #include <zel/I18NString.h>
+#include <zel/ZELImmortal.h>
 
 #include <xercesc/util/XMLUni.hpp>
 
@@ -19,9 +20,7 @@ using Number = KORVAI18NRes::Number;
 class FixedTexts {
 public:
     static const FixedTexts& get() {
-        alignas(FixedTexts) static std::byte storage[sizeof(FixedTexts)];
-        static const FixedTexts& instance = *::new (static_cast<void*>(storage)) FixedTexts;
-        return instance;
+        return zel::immortal<const FixedTexts>([](void* at) { return ::new (at) FixedTexts; });
     }
 
     const XMLCh* operator[](Number number) const { return m_texts[number].wide(); }

@@ -10,6 +10,7 @@
 #include <korva/KORVASchemaTypeArrayI.h>
 #include <zel/ZELAssert.h>
 #include <zel/ZELFrame.h>
+#include <zel/ZELImmortal.h>
 #include <zel/ZELOwner.h>
 
 #include <algorithm>
@@ -49,11 +50,8 @@ KORVASchemaTypeI::ObjectType search(const KORVASchemaTypesFactory::KORVATypeName
 KORVASchemaTypesFactory::~KORVASchemaTypesFactory() = default;
 
 KORVASchemaTypesFactory& KORVASchemaTypesFactory::getInstance() {
-    // Made on first use and never destroyed: nothing runs when the library is loaded or left.
-    alignas(KORVASchemaTypesFactory) static std::byte storage[sizeof(KORVASchemaTypesFactory)];
-    static KORVASchemaTypesFactory& instance =
-        *::new (static_cast<void*>(storage)) KORVASchemaTypesFactory;
-    return instance;
+    return zel::immortal<KORVASchemaTypesFactory>(
+        [](void* at) { return ::new (at) KORVASchemaTypesFactory; });
 }
 
 bool KORVASchemaTypesFactory::isArrayType(ObjectType type) {

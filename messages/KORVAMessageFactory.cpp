@@ -4,9 +4,9 @@
 
 #include <zel/ZELAssert.h>
 #include <zel/ZELFrame.h>
+#include <zel/ZELImmortal.h>
 
 #include <algorithm>
-#include <cstddef>
 #include <new>
 
 namespace {
@@ -25,10 +25,8 @@ const korva::MessageTypeRow* findMessage(KORVAMessageI::MessageType type) {
 KORVAMessageFactory::~KORVAMessageFactory() = default;
 
 KORVAMessageFactory& KORVAMessageFactory::getInstance() {
-    // Made on first use and never destroyed: nothing runs when the library is loaded or left.
-    alignas(KORVAMessageFactory) static std::byte storage[sizeof(KORVAMessageFactory)];
-    static KORVAMessageFactory& instance = *::new (static_cast<void*>(storage)) KORVAMessageFactory;
-    return instance;
+    return zel::immortal<KORVAMessageFactory>(
+        [](void* at) { return ::new (at) KORVAMessageFactory; });
 }
 
 KORVAMessageI* KORVAMessageFactory::create(const KORVAMessageI::MessageType& msgType) const {

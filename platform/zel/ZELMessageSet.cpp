@@ -1,5 +1,6 @@
 #include "zel/ZELMessageSet.h"
 
+#include <zel/ZELImmortal.h>
 #include <zel/ZELReferenceCount.h>
 
 #include <new>
@@ -16,10 +17,9 @@ ZELMessageSet::~ZELMessageSet() = default;
 
 const ZELList<ZELMessage>& ZELMessageSet::getMessages() const noexcept {
     if (m_messages) return m_messages->list;
-    // Never destroyed, so that exceptions may be read until the very end of the process.
-    alignas(ZELList<ZELMessage>) static unsigned char storage[sizeof(ZELList<ZELMessage>)];
-    static const auto* none = new (storage) ZELList<ZELMessage>;
-    return *none;
+    // Exceptions may be read until the very end of the process.
+    using Messages = ZELList<ZELMessage>;
+    return zel::immortal<const Messages>([](void* at) { return ::new (at) Messages; });
 }
 
 void ZELMessageSet::add(const ZELMessage& message) {
