@@ -14,10 +14,10 @@
 #include <korva/KORVAUndocumentedFaultDetail.h>
 #include <korva/KORVAUndocumentedFaultDetailArray.h>
 #include <korva/KORVA_CharStreamable.h>
+#include <zel/ZELAscii.h>
 #include <zel/ZELAssert.h>
 #include <zel/ZELFrame.h>
 
-#include <algorithm>
 #include <cstring>
 #include <string>
 #include <string_view>
@@ -39,12 +39,6 @@ constexpr ElementName exceptionName = {ElementName::Child, "exception"};
 // What stands around them, for the paths of errors.
 constexpr std::string_view detailPath = "/Fault/detail";
 constexpr std::string_view exceptionPath = "/Fault/detail/exception";
-
-bool equalIgnoringCase(std::string_view left, std::string_view right) {
-    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? c - 'A' + 'a' : c; };
-    return std::equal(left.begin(), left.end(), right.begin(), right.end(),
-                      [lower](char a, char b) { return lower(a) == lower(b); });
-}
 
 /// The place of the fault's own texts.
 class FaultPlace final : public korva::TextPlace {
@@ -87,7 +81,8 @@ private:
         const char* const colon = std::strchr(value, ':');
         if (colon == nullptr) return value;
         const std::string_view prefix(value, static_cast<std::size_t>(colon - value));
-        if (!equalIgnoringCase(prefix, "soapenv") && !equalIgnoringCase(prefix, "soap-env"))
+        if (!zel::equalIgnoringCase(prefix, "soapenv") &&
+            !zel::equalIgnoringCase(prefix, "soap-env"))
             return value;
         m_frame.put("SOAP-ENV");
         return colon;

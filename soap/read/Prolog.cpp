@@ -1,5 +1,7 @@
 #include "soap/read/Prolog.h"
 
+#include <zel/ZELAscii.h>
+
 #include <algorithm>
 
 namespace korva {
@@ -13,14 +15,6 @@ constexpr std::string_view documentTypeStart = "<!DOCTYPE";
 
 bool isWhiteSpace(char c) {
     return whiteSpace.find(c) != std::string_view::npos;
-}
-
-/// Whether both are the same but for the case of ASCII letters.
-bool equalsIgnoringCase(std::string_view text, std::string_view lower) {
-    const auto equal = [](char left, char right) {
-        return (left >= 'A' && left <= 'Z' ? static_cast<char>(left - 'A' + 'a') : left) == right;
-    };
-    return std::equal(text.begin(), text.end(), lower.begin(), lower.end(), equal);
 }
 
 }  // namespace
@@ -88,7 +82,7 @@ bool Prolog::skipDeclaration() {
     takeAttribute("encoding", encoding);
     takeAttribute("standalone", standalone);
     skipWhiteSpace();
-    return skip("?>") && equalsIgnoringCase(encoding, "utf-8") &&
+    return skip("?>") && zel::equalIgnoringCase(encoding, "utf-8") &&
            (standalone == "yes" || standalone == "no");
 }
 
@@ -101,7 +95,7 @@ bool Prolog::skipInstruction() {
     skip("<?");
     const std::string_view target = m_text.substr(0, 4);
     // A declaration that comes too late is the parser's to tell.
-    if (equalsIgnoringCase(target.substr(0, 3), "xml")) return false;
+    if (zel::equalIgnoringCase(target.substr(0, 3), "xml")) return false;
     return skipPast("?>");
 }
 

@@ -2,15 +2,13 @@
 
 #include "platform/halyard/multipart/Failure.h"
 
+#include <zel/ZELAscii.h>
+
 #include <algorithm>
 
 namespace halyard {
 
 namespace {
-
-char lower(char c) noexcept {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
 
 bool isBlank(char c) noexcept {
     return c == ' ' || c == '\t' || c == '\r' || c == '\n';
@@ -35,11 +33,6 @@ std::string takeQuoted(std::string_view& rest) {
 }
 
 }  // namespace
-
-bool equalsIgnoringCase(std::string_view left, std::string_view right) noexcept {
-    return std::equal(left.begin(), left.end(), right.begin(), right.end(),
-                      [](char a, char b) { return lower(a) == lower(b); });
-}
 
 std::string_view trimmed(std::string_view text) noexcept {
     while (!text.empty() && isBlank(text.front()))
@@ -97,7 +90,7 @@ std::optional<std::string> parameterOf(std::string_view field, std::string_view 
             value = rest.substr(0, length);
             rest.remove_prefix(length);
         }
-        if (equalsIgnoringCase(found, name)) return value;
+        if (zel::equalIgnoringCase(found, name)) return value;
     }
 }
 

@@ -7,9 +7,6 @@
 
 namespace halyard {
 
-/// Whether two texts are the same but for the case of their ASCII letters.
-bool equalsIgnoringCase(std::string_view left, std::string_view right) noexcept;
-
 /// Without the blanks, tabs and line breaks around it.
 std::string_view trimmed(std::string_view text) noexcept;
 

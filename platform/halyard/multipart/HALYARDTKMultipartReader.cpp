@@ -9,6 +9,7 @@
 #include <brim/BRIMGZIPInputStream.h>
 #include <brim/BRIMInputStream.h>
 #include <halyard/HALYARDTKMessagePart.h>
+#include <zel/ZELAscii.h>
 #include <zel/ZELAssert.h>
 #include <zel/ZELFrame.h>
 #include <zel/ZELPrintable.h>
@@ -18,7 +19,7 @@
 #include <string_view>
 
 using halyard::BoundaryScanner;
-using halyard::equalsIgnoringCase;
+using zel::equalIgnoringCase;
 
 namespace {
 
@@ -89,15 +90,15 @@ ContentForm formOf(const halyard::PartHeaders& headers) {
                         ZEL_LOCATION, "HALYARDTKMultipartReader::formOf");
     };
     if (const char* const transfer = headers.findOnly("Content-Transfer-Encoding")) {
-        form.isBase64 = equalsIgnoringCase(transfer, "base64");
-        if (!form.isBase64 && !equalsIgnoringCase(transfer, "binary") &&
-            !equalsIgnoringCase(transfer, "8bit") && !equalsIgnoringCase(transfer, "7bit"))
+        form.isBase64 = equalIgnoringCase(transfer, "base64");
+        if (!form.isBase64 && !equalIgnoringCase(transfer, "binary") &&
+            !equalIgnoringCase(transfer, "8bit") && !equalIgnoringCase(transfer, "7bit"))
             refuse("the transfer encoding", transfer);
     }
     if (const char* const content = headers.findOnly("Content-Encoding")) {
         form.isCompressed =
-            equalsIgnoringCase(content, "gzip") || equalsIgnoringCase(content, "x-gzip");
-        if (!form.isCompressed && !equalsIgnoringCase(content, "identity"))
+            equalIgnoringCase(content, "gzip") || equalIgnoringCase(content, "x-gzip");
+        if (!form.isCompressed && !equalIgnoringCase(content, "identity"))
             refuse("the content encoding", content);
     }
     return form;
@@ -166,8 +167,8 @@ void HALYARDTKMultipartReader::Message::open(const char* contentType) {
     constexpr const char* label = "HALYARDTKMultipartReader::HALYARDTKMultipartReader";
     const std::string field = halyard::unfolded(contentType != nullptr ? contentType : "");
     const std::string_view type = halyard::valueOf(field);
-    if (!equalsIgnoringCase(type, "multipart/related")) {
-        if (equalsIgnoringCase(type.substr(0, 10), "multipart/"))
+    if (!equalIgnoringCase(type, "multipart/related")) {
+        if (equalIgnoringCase(type.substr(0, 10), "multipart/"))
             halyard::refuse("the message's type \"" + zel::printable(type) + "\" isn't supported",
                             ZEL_LOCATION, label);
         return;

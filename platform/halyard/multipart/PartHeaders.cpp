@@ -3,6 +3,8 @@
 #include "platform/halyard/multipart/Failure.h"
 #include "platform/halyard/multipart/FieldValue.h"
 
+#include <zel/ZELAscii.h>
+
 namespace halyard {
 
 void PartHeaders::clear() noexcept {
@@ -37,7 +39,7 @@ void PartHeaders::addLine(std::string_view line) {
 
 const char* PartHeaders::find(std::string_view name) const noexcept {
     for (const Field& field : m_fields)
-        if (equalsIgnoringCase(m_text.c_str() + field.name, name))
+        if (zel::equalIgnoringCase(m_text.c_str() + field.name, name))
             return m_text.c_str() + field.value;
     return nullptr;
 }
@@ -45,7 +47,7 @@ const char* PartHeaders::find(std::string_view name) const noexcept {
 const char* PartHeaders::findOnly(std::string_view name) const {
     const char* value = nullptr;
     for (const Field& field : m_fields) {
-        if (!equalsIgnoringCase(m_text.c_str() + field.name, name)) continue;
+        if (!zel::equalIgnoringCase(m_text.c_str() + field.name, name)) continue;
         if (value != nullptr)
             refuse("a part has the header " + std::string(name) + " twice", ZEL_LOCATION,
                    "halyard::PartHeaders::findOnly");
