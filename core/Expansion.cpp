@@ -1,5 +1,6 @@
 #include "core/Expansion.h"
 
+#include <brim/BRIMCopy.h>
 #include <brim/BRIMGZIPInputStream.h>
 #include <brim/BRIMMemoryInputStream.h>
 #include <brim/BRIMMemoryOutputStream.h>
@@ -38,12 +39,7 @@ private:
 
 void expandFrom(BRIMInputStream& compressed, BRIMOutputStream& out) {
     BRIMGZIPInputStream expanded(compressed);
-    char piece[16384];
-    for (;;) {
-        const long long count = expanded.read(piece, sizeof piece);
-        if (count <= 0) return;
-        out.write(piece, static_cast<std::size_t>(count));
-    }
+    brim::copy(expanded, out);
 }
 
 }  // namespace

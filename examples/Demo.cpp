@@ -4,6 +4,7 @@
 #include "examples/EnvelopeFile.h"
 #include "examples/TypedTree.h"
 
+#include <brim/BRIMCopy.h>
 #include <brim/BRIMDescriptorInputStream.h>
 #include <brim/BRIMDescriptorOutputStream.h>
 #include <brim/BRIMMemoryInputStream.h>
@@ -136,13 +137,9 @@ void serve(int requests, int replies) {
 
 std::string readAll(int descriptor) {
     BRIMDescriptorInputStream in(descriptor);
-    std::string bytes;
-    char piece[4096];
-    for (;;) {
-        const long long count = in.read(piece, sizeof piece);
-        if (count <= 0) return bytes;
-        bytes.append(piece, static_cast<std::size_t>(count));
-    }
+    BRIMMemoryOutputStream bytes;
+    brim::copy(in, bytes);
+    return {bytes.str(), bytes.pcount()};
 }
 
 struct Pipe {

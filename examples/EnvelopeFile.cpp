@@ -1,7 +1,9 @@
 #include "examples/EnvelopeFile.h"
 
+#include <brim/BRIMCopy.h>
 #include <brim/BRIMFileInputStream.h>
 #include <brim/BRIMMemoryInputStream.h>
+#include <brim/BRIMMemoryOutputStream.h>
 #include <korva/KORVABatchReportServicePortType.h>
 #include <korva/KORVAContentManagerCacheServicePortType.h>
 #include <korva/KORVAContentManagerServicePortType.h>
@@ -39,13 +41,9 @@ std::vector<KORVAPortTypeI*> allPortTypes() {
 
 std::string readFile(const char* path) {
     BRIMFileInputStream file(path);
-    std::string bytes;
-    char piece[16384];
-    for (;;) {
-        const long long count = file.read(piece, sizeof piece);
-        if (count <= 0) return bytes;
-        bytes.append(piece, static_cast<std::size_t>(count));
-    }
+    BRIMMemoryOutputStream bytes;
+    brim::copy(file, bytes);
+    return {bytes.str(), bytes.pcount()};
 }
 
 /// A client knows which operation a reply answers; a reader of files has to look: the element

@@ -7,6 +7,7 @@
 #include "examples/live_call/ReportOutput.h"
 #include "examples/live_call/Requests.h"
 
+#include <brim/BRIMCopy.h>
 #include <brim/BRIMInputStream.h>
 #include <brim/BRIMOutputStream.h>
 #include <korva/KORVAAsynchDetailArray.h>
@@ -95,15 +96,6 @@ private:
     unsigned long long m_size = 0;
 };
 
-void pour(BRIMInputStream& from, BRIMOutputStream& to) {
-    char piece[65536];
-    for (;;) {
-        const long long count = from.read(piece, sizeof piece);
-        if (count <= 0) return;
-        to.write(piece, static_cast<std::size_t>(count));
-    }
-}
-
 /// Runs the stored report and gives the reply, which belongs to the call.
 KORVAAsynchReply& runStoredReport(const Caller& caller, KORVAPortTypeBinding& call) {
     caller.call(call);
@@ -142,7 +134,7 @@ unsigned long long fetchOutput(const Caller& caller, KORVAAsynchRequest& convers
     std::cout << "  output    " << shown(output.getFormat()->getValue()) << " ("
               << shown(output.getDataType()->getValue()) << "), " << received.text();
     Checksum sent;
-    pour(expected, sent);
+    brim::copy(expected, sent);
     require(received == sent, "the output is what was sent");
     std::cout << ", as expected\n            from " << transferred << " bytes over the wire\n";
     return transferred * 100 / received.size();

@@ -3,6 +3,7 @@
 #include "platform/halyard/multipart/Failure.h"
 #include "platform/halyard/multipart/FieldValue.h"
 
+#include <brim/BRIMCopy.h>
 #include <brim/BRIMGZIPOutputStream.h>
 #include <brim/BRIMInputStream.h>
 #include <brim/BRIMOutputStream.h>
@@ -138,12 +139,8 @@ void HALYARDTKMultipartWriter::writePart(const char* contentId, const char* cont
                                          BRIMInputStream& content, Compression compression) {
     BRIMOutputStream& part = beginPart(contentId, contentType, compression);
     ZEL_TRY {
-        char piece[16384];
-        for (;;) {
-            const long long count = content.read(piece, sizeof piece);
-            if (count <= 0) return;
-            part.write(piece, static_cast<std::size_t>(count));
-        }
+        brim::copy(content, part);
+        return;
     }
     ZEL_CATCH("HALYARDTKMultipartWriter::writePart");
 }
