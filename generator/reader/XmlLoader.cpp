@@ -1,5 +1,7 @@
 #include "generator/reader/XmlLoader.h"
 
+#include <zel/I18NConverter.h>
+
 #include <xercesc/framework/MemBufInputSource.hpp>
 #include <xercesc/sax/Locator.hpp>
 #include <xercesc/sax2/Attributes.hpp>
@@ -20,39 +22,12 @@ namespace xml = xercesc;
 
 constexpr std::size_t kDeepest = 64;
 
-void appendCodePoint(std::string& out, char32_t code) {
-    if (code < 0x80) {
-        out.push_back(static_cast<char>(code));
-    } else if (code < 0x800) {
-        out.push_back(static_cast<char>(0xC0 | (code >> 6)));
-        out.push_back(static_cast<char>(0x80 | (code & 0x3F)));
-    } else if (code < 0x10000) {
-        out.push_back(static_cast<char>(0xE0 | (code >> 12)));
-        out.push_back(static_cast<char>(0x80 | ((code >> 6) & 0x3F)));
-        out.push_back(static_cast<char>(0x80 | (code & 0x3F)));
-    } else {
-        out.push_back(static_cast<char>(0xF0 | (code >> 18)));
-        out.push_back(static_cast<char>(0x80 | ((code >> 12) & 0x3F)));
-        out.push_back(static_cast<char>(0x80 | ((code >> 6) & 0x3F)));
-        out.push_back(static_cast<char>(0x80 | (code & 0x3F)));
-    }
-}
-
-// The parser has already refused unpaired surrogates.
-void appendUtf8(std::string& out, const XMLCh* text, XMLSize_t length) {
-    for (XMLSize_t i = 0; i < length; ++i) {
-        char32_t code = text[i];
-        if (code >= 0xD800 && code < 0xDC00 && i + 1 < length) {
-            code = 0x10000 + ((code - 0xD800) << 10) + (text[++i] - 0xDC00U);
-        }
-        appendCodePoint(out, code);
-    }
+std::string utf8(const XMLCh* text, XMLSize_t length) {
+    return I18NConverter::utf8({text, length});
 }
 
 std::string utf8(const XMLCh* text) {
-    std::string out;
-    if (text != nullptr) appendUtf8(out, text, std::char_traits<XMLCh>::length(text));
-    return out;
+    return text != nullptr ? utf8(text, std::char_traits<XMLCh>::length(text)) : std::string();
 }
 
 // Ends the parse; the error has been recorded.
@@ -104,7 +79,7 @@ public:
     }
 
     void characters(const XMLCh* text, XMLSize_t length) override {
-        appendUtf8(m_current->text, text, length);
+        m_current->text += utf8(text, length);
     }
 
     void fatalError(const xml::SAXParseException& error) override {

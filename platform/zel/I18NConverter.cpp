@@ -64,6 +64,19 @@ void I18NConverter::finish(ZELByteBuffer& buffer) {
     m_pending = 0;
 }
 
+std::string I18NConverter::utf8(std::u16string_view text) {
+    ZEL_TRY {
+        // A high surrogate at the end is what a pending one gives: three bytes more.
+        std::string result(encodedBound(text.data(), text.size(), 0) + 3, '\0');
+        char16_t pending = 0;
+        char* end = encode(text.data(), text.size(), pending, result.data());
+        if (pending != 0) end = encodeReplacement(end);
+        result.resize(static_cast<std::size_t>(end - result.data()));
+        return result;
+    }
+    ZEL_CATCH("I18NConverter::utf8");
+}
+
 bool I18NConverter::toUtf16(const char* text, std::size_t length, char16_t* buffer,
                             std::size_t size, std::size_t* written) noexcept {
     // No byte gives more than one unit.

@@ -1,11 +1,6 @@
 #include "zel/I18NString.h"
 
-#include "platform/zel/Utf.h"
-
 #include <zel/I18NConverter.h>
-#include <zel/ZELFrame.h>
-
-using namespace zel::utf;
 
 I18NString::I18NString() : m_hasUtf8(true), m_hasWide(true) {}
 
@@ -43,17 +38,9 @@ std::size_t I18NString::wideLength() const {
 
 const std::string& I18NString::narrow() const {
     if (m_hasUtf8) return m_utf8;
-    ZEL_TRY {
-        // A high surrogate at the end is what a pending one gives: three bytes more.
-        m_utf8.resize(encodedBound(m_wide.data(), m_wide.size(), 0) + 3);
-        char16_t pending = 0;
-        char* end = encode(m_wide.data(), m_wide.size(), pending, m_utf8.data());
-        if (pending != 0) end = encodeReplacement(end);
-        m_utf8.resize(static_cast<std::size_t>(end - m_utf8.data()));
-        m_hasUtf8 = true;
-        return m_utf8;
-    }
-    ZEL_CATCH("I18NString::utf8");
+    m_utf8 = I18NConverter::utf8(m_wide);
+    m_hasUtf8 = true;
+    return m_utf8;
 }
 
 const std::u16string& I18NString::widened() const {

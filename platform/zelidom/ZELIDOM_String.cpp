@@ -1,19 +1,9 @@
 #include "zelidom/ZELIDOM_String.h"
 
 #include <zel/I18NConverter.h>
-#include <zel/ZELFrame.h>
 
 std::string ZELIDOM_String::utf8() const {
-    ZEL_TRY {
-        const std::size_t units = wideLength();
-        // No unit gives more than three bytes.
-        std::string result(3 * units + 1, '\0');
-        std::size_t length = 0;
-        I18NConverter().toUtf8(m_text, units, result.data(), result.size(), &length);
-        result.resize(length);
-        return result;
-    }
-    ZEL_CATCH("ZELIDOM_String::utf8");
+    return I18NConverter::utf8({m_text, wideLength()});
 }
 
 bool ZELIDOM_String::equals(std::string_view utf8) const {

@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 
 class ZELByteBuffer;
 
@@ -47,6 +48,10 @@ public:
 
     /// Forgets a waiting high surrogate.
     void reset() noexcept { m_pending = 0; }
+
+    /// A whole text in UTF-8: at its end, too, a surrogate without its partner becomes U+FFFD.
+    /// @throws ZELOutOfMemoryError no memory is left
+    static std::string utf8(std::u16string_view text);
 
     /// Writes `length` bytes of UTF-8 and a NUL to `buffer` of `size` code units; false if they
     /// don't fit. Each byte that can't be part of a well-formed sequence becomes one U+FFFD.
