@@ -1,5 +1,6 @@
 #include "core/ChildWalk.h"
 
+#include "core/ExactClass.h"
 #include "core/Fields.h"
 
 #include <korva/KORVAChildIndex.h>
@@ -22,10 +23,7 @@ ChildWalk::ChildWalk(const KORVASchemaTypeI& object, const TypeDescriptor* type,
       m_field(nullptr),
       m_levelEnd(nullptr),
       m_level(nullptr) {
-    // A class that somebody derived from a generated one, or wrote in its place, may answer
-    // otherwise than the table says.
-    const bool exact =
-        type != nullptr && type->typeInfo != nullptr && typeid(object) == *type->typeInfo;
+    const bool exact = isExactly(object, type);
     if (exact && type->fields != nullptr) {
         m_class = type->fields;
         m_childCount = std::size_t{m_class->inheritedFieldCount} + m_class->fieldCount;

@@ -2,6 +2,7 @@
 
 #include "core/ArrayAccess.h"
 #include "core/CycleCheck.h"
+#include "core/ExactClass.h"
 #include "core/Fields.h"
 #include "core/TextValue.h"
 
@@ -79,9 +80,7 @@ private:
 
     bool equalObjects(const KORVASchemaTypeI& left, const KORVASchemaTypeI& right) {
         const TypeDescriptor* const type = findType(left.getObjectType());
-        // A class that somebody derived from a generated one may compare in its own way.
-        if (type == nullptr || type->typeInfo == nullptr || typeid(left) != *type->typeInfo)
-            return equalByOperator(left, right);
+        if (!isExactly(left, type)) return equalByOperator(left, right);
         if (type->fields != nullptr)
             return right.isa(type->identity) &&
                    equalFields(*type->fields, *ClassDescriptor::recordOf(left),

@@ -2,6 +2,7 @@
 
 #include "core/ArrayAccess.h"
 #include "core/CycleCheck.h"
+#include "core/ExactClass.h"
 #include "core/Fields.h"
 #include "core/Names.h"
 #include "core/TextValue.h"
@@ -127,9 +128,7 @@ private:
     /// A registered copy whose own children wait in the list.
     KORVASchemaTypeI* copyObject(const KORVASchemaTypeI& source) {
         const TypeDescriptor* const type = findType(source.getObjectType());
-        // A class that somebody derived from a generated one is asked what it is first.
-        const bool exact =
-            type != nullptr && type->typeInfo != nullptr && typeid(source) == *type->typeInfo;
+        const bool exact = isExactly(source, type);
         const bool isClass = exact && type->fields != nullptr;
         const bool isArray = exact && type->elementType != KORVASchemaTypeI::e_Unknown;
         // What has no children is copied in one go, and an unknown type is refused there.

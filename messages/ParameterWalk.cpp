@@ -1,5 +1,6 @@
 #include "messages/ParameterWalk.h"
 
+#include "core/ExactClass.h"
 #include "core/Fields.h"
 #include "messages/MessageDescriptor.h"
 
@@ -17,11 +18,9 @@ ObjectType typeOf(const FieldDescriptor& parameter, const Record& record) {
 
 ParameterWalk::ParameterWalk(KORVAMessageI& message)
     : m_message(message), m_record(nullptr), m_next(nullptr), m_end(nullptr), m_position(0) {
-    // A class that somebody derived from a generated one, or wrote in its place, may answer
-    // otherwise than the table says.
     if (const auto* const object = dynamic_cast<const KORVA_MessageObject*>(&message)) {
         const MessageDescriptor& descriptor = object->descriptor();
-        if (typeid(message) == *descriptor.typeInfo) {
+        if (isExactly(message, &descriptor)) {
             m_record = object->m_pPrivateData;
             m_next = descriptor.begin();
             m_end = descriptor.end();
