@@ -1,21 +1,8 @@
 #include "korva/KORVASAXObjectSerializerFactory.h"
 
+#include "soap/SerializerFactory.h"
+
 #include <korva/KORVASAXObjectSerializer.h>
-#include <zel/ZELFrame.h>
 
-constinit KORVASAXObjectSerializerFactory KORVASAXObjectSerializerFactory::g_instance;
-
-KORVASAXObjectSerializerFactory& KORVASAXObjectSerializerFactory::getInstance() {
-    return g_instance;
-}
-
-KORVASAXObjectSerializerI* KORVASAXObjectSerializerFactory::create() {
-    ZEL_TRY {
-        return new KORVASAXObjectSerializer;
-    }
-    ZEL_CATCH("KORVASAXObjectSerializerFactory::create()");
-}
-
-void KORVASAXObjectSerializerFactory::destroy(KORVASAXObjectSerializerI* serializer) {
-    delete serializer;
-}
+KORVA_DEFINE_SERIALIZER_FACTORY(KORVASAXObjectSerializerFactory, KORVASAXObjectSerializerI,
+                                KORVASAXObjectSerializer, serializer);

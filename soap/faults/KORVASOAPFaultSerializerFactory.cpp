@@ -1,21 +1,8 @@
 #include "korva/KORVASOAPFaultSerializerFactory.h"
 
+#include "soap/SerializerFactory.h"
+
 #include <korva/KORVASOAPFaultSerializer.h>
-#include <zel/ZELFrame.h>
 
-constinit KORVASOAPFaultSerializerFactory KORVASOAPFaultSerializerFactory::g_instance;
-
-KORVASOAPFaultSerializerFactory& KORVASOAPFaultSerializerFactory::getInstance() {
-    return g_instance;
-}
-
-KORVASOAPFaultSerializerI* KORVASOAPFaultSerializerFactory::create() {
-    ZEL_TRY {
-        return new KORVASOAPFaultSerializer;
-    }
-    ZEL_CATCH("KORVASOAPFaultSerializerFactory::create()");
-}
-
-void KORVASOAPFaultSerializerFactory::destroy(KORVASOAPFaultSerializerI* serializer) {
-    delete serializer;
-}
+KORVA_DEFINE_SERIALIZER_FACTORY(KORVASOAPFaultSerializerFactory, KORVASOAPFaultSerializerI,
+                                KORVASOAPFaultSerializer, serializer);

@@ -1,21 +1,8 @@
 #include "korva/KORVASOAPMessageISerializerFactory.h"
 
+#include "soap/SerializerFactory.h"
+
 #include <korva/KORVASOAPMessageISerializer.h>
-#include <zel/ZELFrame.h>
 
-constinit KORVASOAPMessageISerializerFactory KORVASOAPMessageISerializerFactory::g_instance;
-
-KORVASOAPMessageISerializerFactory& KORVASOAPMessageISerializerFactory::getInstance() {
-    return g_instance;
-}
-
-KORVASOAPMessageISerializerI* KORVASOAPMessageISerializerFactory::create() {
-    ZEL_TRY {
-        return new KORVASOAPMessageISerializer;
-    }
-    ZEL_CATCH("KORVASOAPMessageISerializerFactory::create()");
-}
-
-void KORVASOAPMessageISerializerFactory::destroy(KORVASOAPMessageISerializerI* serializer) {
-    delete serializer;
-}
+KORVA_DEFINE_SERIALIZER_FACTORY(KORVASOAPMessageISerializerFactory, KORVASOAPMessageISerializerI,
+                                KORVASOAPMessageISerializer, serializer);
