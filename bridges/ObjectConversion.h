@@ -137,7 +137,7 @@ public:
             case Source::faultDetail:
             case Source::faultDetailArray:
             case Source::fault: ZEL_ASSERT_NAMED(false, "Not implemented"); return;
-            default: ZEL_ASSERT_NAMED(false, "Unexpectd type");
+            default: ZEL_ASSERT_NAMED(false, "Unexpectd type");  // as published
         }
     }
 

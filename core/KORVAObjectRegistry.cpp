@@ -49,7 +49,7 @@ KORVAObjRegEnum KORVAObjectRegistry::mapMode(KORVADeleteMode mode) {
     return eKORVARegDelete;
 }
 
-// A place for a check of new entries; duplicates are the callers' matter.
+// As published: a place for a check of new entries; duplicates are the callers' matter.
 void KORVAObjectRegistry::validateNewEntry(void*) const {}
 
 void KORVAObjectRegistry::append(void* p, KORVAObjRegEnum kind) {

@@ -24,6 +24,7 @@ std::string enumComment(const Type& type) {
     return docComment(joined(what, openness(type)), 0);
 }
 
+// "eKOVRA" is as published, here and in the assertion that names it.
 void printEnumerators(Printer& printer, const Type& type) {
     printer.print(R"(
     /// The CRC-32 of each word.

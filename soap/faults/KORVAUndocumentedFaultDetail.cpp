@@ -39,6 +39,7 @@ namespace {
 constexpr std::size_t childCount = 3;
 
 [[noreturn]] void noSuchChild(const char* name, const char* function) {
+    // The name is as published.
     KORVA_RAISE(eKORVA_NoSuchChild, function, name, "UndocumentFaultDetail");
 }
 

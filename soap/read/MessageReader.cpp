@@ -107,6 +107,7 @@ void MessageReader::findPortType(const Element& element) {
             m_boundPortType = portType;
             return;
         }
+    // The label is as published.
     KORVA_RAISE(eKORVA_NoPortType, "KORVAMessageIContentHandler::characters", m_operationName,
                 std::string(element.uri).c_str());
 }

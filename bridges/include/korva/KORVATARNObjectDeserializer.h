@@ -16,6 +16,7 @@ public:
                                   KORVAObjectRegistryI& registry) override;
 
 protected:
+    // As published: the library itself calls the first alone.
     using SourceType = TARNSchemaTypeI::ObjectType;
     using TargetType = KORVASchemaTypeI::ObjectType;
 

@@ -16,6 +16,7 @@ public:
                                TARNObjectRegistryI& registry) override;
 
 protected:
+    // As published: the library itself calls the first alone.
     using SourceType = KORVASchemaTypeI::ObjectType;
     using TargetType = TARNSchemaTypeI::ObjectType;
 
