@@ -134,8 +134,6 @@ KORVASchemaTypeI* KORVADOMObjectDeserializer::read(const ZELIDOM_Element& domIn,
     return static_cast<KORVASchemaTypeI*>(contentHandler.getParamValue());
 }
 
-KORVADOMObjectDeserializerI::~KORVADOMObjectDeserializerI() = default;
-
 KORVADOMObjectDeserializer::KORVADOMObjectDeserializer()
     : m_maximumAttributes(korva::ReadLimits().attributes),
       m_maximumDeclarations(korva::ReadLimits().declarations) {}

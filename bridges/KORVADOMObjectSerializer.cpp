@@ -86,8 +86,6 @@ private:
 
 }  // namespace
 
-KORVADOMObjectSerializerI::~KORVADOMObjectSerializerI() = default;
-
 KORVADOMObjectSerializer::KORVADOMObjectSerializer() : m_replaceInvalidText(false) {}
 
 KORVADOMObjectSerializer::~KORVADOMObjectSerializer() = default;

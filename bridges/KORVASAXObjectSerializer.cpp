@@ -52,8 +52,6 @@ private:
 
 }  // namespace
 
-KORVASAXObjectSerializerI::~KORVASAXObjectSerializerI() = default;
-
 KORVASAXObjectSerializer::KORVASAXObjectSerializer()
     : m_writeNil(false), m_replaceInvalidText(false) {}
 

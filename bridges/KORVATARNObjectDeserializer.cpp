@@ -17,8 +17,6 @@ auto convert(KORVAObjectRegistryI& registry, Action action) {
 
 }  // namespace
 
-KORVATARNObjectDeserializerI::~KORVATARNObjectDeserializerI() = default;
-
 KORVATARNObjectDeserializer::KORVATARNObjectDeserializer() = default;
 
 KORVATARNObjectDeserializer::~KORVATARNObjectDeserializer() = default;

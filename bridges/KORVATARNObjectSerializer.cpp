@@ -16,8 +16,6 @@ auto convert(TARNObjectRegistryI& registry, Action action) {
 
 }  // namespace
 
-KORVATARNObjectSerializerI::~KORVATARNObjectSerializerI() = default;
-
 KORVATARNObjectSerializer::KORVATARNObjectSerializer() = default;
 
 KORVATARNObjectSerializer::~KORVATARNObjectSerializer() = default;

@@ -2,6 +2,7 @@
 
 #include "core/TextValue.h"
 
+// Out of line, so that the interface's table of virtual operations has one home.
 KORVAObjectRegistryI::~KORVAObjectRegistryI() = default;
 
 const char* KORVAObjectRegistryI::keep(const char* text) {

@@ -9,8 +9,6 @@
 
 #include <utility>
 
-TARNObjectRegistryI::~TARNObjectRegistryI() = default;
-
 TARNObjectRegistry* TARNObjectRegistry::create() {
     ZEL_TRY {
         return new TARNObjectRegistry;

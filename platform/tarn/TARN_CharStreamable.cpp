@@ -15,8 +15,6 @@ constexpr char contentIdMarker[4] = {'\xFF', '\xFE', '\xFF', '\x00'};
 
 }  // namespace
 
-TARN_Streamable::~TARN_Streamable() = default;
-
 TARN_CharStreamable::TARN_CharStreamable() {
     setIsContentId(false);
 }

@@ -13,8 +13,6 @@
 
 using korva::XmlReader;
 
-KORVASOAPMessageIDeserializerI::~KORVASOAPMessageIDeserializerI() = default;
-
 KORVASOAPMessageIDeserializer::KORVASOAPMessageIDeserializer()
     : m_header(nullptr), m_attachmentHandler(nullptr) {
     try {

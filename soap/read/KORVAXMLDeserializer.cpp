@@ -9,8 +9,6 @@
 
 using korva::XmlReader;
 
-KORVAXMLDeserializerI::~KORVAXMLDeserializerI() = default;
-
 KORVAXMLDeserializer::KORVAXMLDeserializer() {
     try {
         m_reader.reset(new XmlReader);
