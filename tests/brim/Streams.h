@@ -93,7 +93,7 @@ inline std::string readAll(BRIMInputStream& stream, std::size_t size = 1024) {
     }
 }
 
-/// The text of the `BRIMStreamError` that `action` raises, or a text that says that it raised none.
+/// The text of the `BRIMStreamError` that `action` throws, or a text that says that it threw none.
 template <class Action>
 std::string streamErrorOf(Action action) {
     try {

@@ -15,7 +15,7 @@ inline std::string faultEnvelope(const std::string& children, const std::string&
     return envelope("<e:Fault>" + children + "</e:Fault>", header);
 }
 
-/// What reading the envelope as a reply raises.
+/// What reading the envelope as a reply throws.
 inline KORVASOAPFaultException receiveFault(const std::string& text) {
     const Binding call = makeCall(KORVAMessageI::eKORVAAsynchRun_Request);
     try {

@@ -24,7 +24,7 @@ struct Exchange {
 /// read by the library and replies written by it, on a thread of the server's own.
 class HttpServer {
 public:
-    /// Fills the output message of a call, or raises the fault to answer with.
+    /// Fills the output message of a call, or throws the fault to answer with.
     using Service = std::function<void(KORVAPortTypeBinding&)>;
 
     /// What follows each reply as a part of its message, under the id `attachmentId`.

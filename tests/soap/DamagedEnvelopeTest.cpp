@@ -144,7 +144,7 @@ std::string written(KORVAPortTypeBinding& call, KORVAMessageI& message) {
 }
 
 /// How many of the damaged forms of `envelope` `read` took. It may refuse the others by a numbered
-/// exception, by a fault, and by what the stream of base64 raises.
+/// exception, by a fault, and by what the stream of base64 throws.
 std::size_t readDamaged(const std::string& envelope,
                         const std::function<void(const std::string&)>& read) {
     std::size_t taken = 0;

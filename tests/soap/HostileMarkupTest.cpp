@@ -43,7 +43,7 @@ std::string numbered(const std::string& before, int count, const std::string& be
     return result;
 }
 
-/// The first message of what reading the envelope raises, or 0.
+/// The first message of what reading the envelope throws, or 0.
 unsigned refusalOf(const std::string& text) {
     try {
         readRequest(text);

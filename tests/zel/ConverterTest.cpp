@@ -197,6 +197,16 @@ TEST(Converter, AsciiAppendAllocatesNoMoreThanTheText) {
     EXPECT_EQ(buffer.capacity(), 1000u);
 }
 
+TEST(Converter, AWholeTextIsUtf8ToItsEnd) {
+    EXPECT_EQ(I18NConverter::utf8(u""), "");
+    EXPECT_EQ(I18NConverter::utf8(u"a\u00FC\u65E5\U0001F600"), "a\u00FC\u65E5\U0001F600");
+    EXPECT_EQ(I18NConverter::utf8(std::u16string(1000, u'\u65E5')).size(), 3000u);
+    const char16_t high[] = {u'a', 0xD83D};
+    EXPECT_EQ(I18NConverter::utf8({high, 2}), "a\uFFFD");
+    const char16_t low[] = {0xDE00, u'a'};
+    EXPECT_EQ(I18NConverter::utf8({low, 2}), "\uFFFDa");
+}
+
 TEST(Converter, MalformedUtf8BecomesReplacements) {
     const std::u16string one(1, u'\xFFFD');
     EXPECT_EQ(widened("\x80"), one);  // continuation without a start

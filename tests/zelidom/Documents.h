@@ -16,7 +16,7 @@ inline ZELIDOM_Document parseDocument(
     return ZELIDOM_Document::parse(stream, maximumDepth);
 }
 
-/// The text of the ZELIDOM_Error that `action` raises, or what else it does.
+/// The text of the ZELIDOM_Error that `action` throws, or what else it does.
 template <class Error, class Action>
 std::string textOf(Action action) {
     try {
