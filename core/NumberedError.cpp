@@ -2,7 +2,6 @@
 
 #include <korva/KORVAException.h>
 #include <korva/KORVAZELMessage.h>
-#include <zel/I18NString.h>
 #include <zel/ZELFrame.h>
 #include <zel/ZELMessageParm.h>
 #include <zel/ZELPrintable.h>
@@ -10,14 +9,19 @@
 
 namespace korva {
 
-void raise(std::uint32_t messageId, std::initializer_list<const char*> parameters,
-           ZELFileLocation location, const char* function) {
+void addMessage(KORVAException& exception, const NumberedMessage& message) {
+    KORVAZELMessage numbered(message.id);
+    for (const char* const parameter : message.parameters)
+        numbered << ZELMessageParm(zel::printable(parameter != nullptr ? parameter : ""));
+    exception << numbered;
+}
+
+void raise(std::initializer_list<NumberedMessage> messages, ZELFileLocation location,
+           const char* function) {
     KORVAException exception(0);
     ZEL_TRY {
-        KORVAZELMessage message(messageId);
-        for (const char* parameter : parameters)
-            message << ZELMessageParm(zel::printable(parameter != nullptr ? parameter : ""));
-        exception << message;
+        for (const NumberedMessage& message : messages)
+            addMessage(exception, message);
     }
     ZEL_CATCH(function);
     exception.hurl(location, function, "ZEL_THROW");

@@ -1,7 +1,7 @@
 #include "korva/KORVA_PortType.h"
 
-#include "core/NumberedError.h"
 #include "messages/MessageDescriptor.h"
+#include "messages/OperationAdvice.h"
 
 #include <i18n/KORVAMessageId.h>
 #include <korva/KORVAMessageParam.h>
@@ -20,6 +20,7 @@
 
 using korva::OperationParameterRow;
 using korva::OperationRow;
+using korva::refuseOperation;
 using ParamDescriptor = KORVAMessageFactory::KORVAParamDescriptor;
 using Params = std::vector<KORVAMessageParam*>;
 
@@ -63,7 +64,7 @@ KORVAPortTypeBinding* KORVA_PortType::createPortTypeBinding(const char* pOperati
                                                             const Params& params) const {
     ZEL_ASSERT(pOperationName);
     const OperationRow* const row = findOperation(pOperationName, params);
-    if (row == nullptr) refuseOperation(pOperationName);
+    if (row == nullptr) refuseOperation(m_descriptor, pOperationName, params);
     ZEL_TRY {
         const ZELSmartPointer<KORVAMessageI> inputMessage(
             KORVAMessageFactory::getInstance().create(row->metadata.inputMessageType));
@@ -147,16 +148,6 @@ const OperationRow& KORVA_PortType::operationOf(KORVAMessageI::MessageType input
     if (row == end)
         ZEL_ASSERT_NAMED(false, "There is no binding for the requested input/output message.");
     return *row;
-}
-
-void KORVA_PortType::refuseOperation(const char* name) const {
-    std::string function;
-    ZEL_TRY {
-        function = m_descriptor.className;
-        function += "::createPortTypeBinding";
-    }
-    ZEL_CATCH(nullptr);
-    KORVA_RAISE(eKORVA_NoSuchOperation, function.c_str(), name, getName());
 }
 
 bool KORVA_PortType::isSameParameterSignature(const ParamDescriptor* expectedParamList,

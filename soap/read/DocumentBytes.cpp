@@ -10,9 +10,9 @@
 namespace korva {
 
 DocumentBytes::Form DocumentBytes::look() {
-    const std::size_t size = readStream(m_start.data(), m_start.size());
-    m_ahead = {m_start.data(), size};
-    Prolog prolog(m_ahead, size < m_start.size());
+    m_startSize = readStream(m_start.data(), m_start.size());
+    m_ahead = start();
+    Prolog prolog(m_ahead, m_startSize < m_start.size());
     if (!prolog.isUtf8()) return Form::Other;
     return prolog.lacksDocumentType() ? Form::Plain : Form::Utf8;
 }

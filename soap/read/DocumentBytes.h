@@ -27,6 +27,9 @@ public:
     /// Looks at the start. To be called once, before the bytes are read.
     Form look();
 
+    /// The start that was looked at.
+    std::string_view start() const { return {m_start.data(), m_startSize}; }
+
     /// Fills `buffer`; fewer bytes only at the end of the stream.
     std::size_t read(char* buffer, std::size_t size);
 
@@ -35,7 +38,8 @@ private:
 
     BRIMInputStream& m_stream;
     std::array<char, 4096> m_start;
-    std::string_view m_ahead;  ///< what is left of m_start
+    std::size_t m_startSize = 0;
+    std::string_view m_ahead;  ///< what is left of it
 };
 
 }  // namespace korva

@@ -1,6 +1,8 @@
 #include "soap/read/MessageReader.h"
 
 #include "core/NumberedError.h"
+#include "soap/read/FoundInstead.h"
+#include "soap/read/PortTypeAdvice.h"
 
 #include <i18n/KORVAI18NRes.h>
 #include <i18n/KORVAMessageId.h>
@@ -56,7 +58,9 @@ void MessageReader::startElement(const Element& element) {
 
 void MessageReader::startEnvelope(const Element& element) {
     if (!isOfEnvelope(element, "Envelope"))
-        KORVA_RAISE(eKORVA_WrongEnvelope, startElementLabel, "Envelope");
+        raise({{eKORVA_WrongEnvelope, {"Envelope"}},
+               {eKORVA_FoundInstead, {foundInsteadOfEnvelope(element).c_str()}}},
+              ZEL_LOCATION, startElementLabel);
     m_place = Place::Envelope;
 }
 
@@ -108,8 +112,8 @@ void MessageReader::findPortType(const Element& element) {
             return;
         }
     // The label is as published.
-    KORVA_RAISE(eKORVA_NoPortType, "KORVAMessageIContentHandler::characters", m_operationName,
-                std::string(element.uri).c_str());
+    refusePortType(m_operationName, element.uri, *m_supportedPortTypes,
+                   "KORVAMessageIContentHandler::characters");
 }
 
 void MessageReader::startParameter(const Element& element) {

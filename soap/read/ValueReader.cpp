@@ -17,7 +17,9 @@
 #include <korva/KORVA_AttachmentHandler.h>
 #include <korva/KORVA_String.h>
 #include <zel/ZELAssert.h>
+#include <zel/ZELAssertError.h>
 #include <zel/ZELOwner.h>
+#include <zel/ZELThrow.h>
 
 #include <algorithm>
 #include <cstring>
@@ -405,12 +407,12 @@ void ValueReader::setOnParent(const Frame& child) {
     else
         position = objectOf(parent)->setChildObject(child.name, child.value, child.type, nullptr);
     if (!child.refers) return;
-    KORVA_AttachmentHandler* const m_attachmentHandler = m_context.attachmentHandler;
-    // clang-format off
-    ZEL_ASSERT_NAMED(m_attachmentHandler, "KORVASchemaTypeIContentHandler::endElement - Handler not configured to process href attachments. );");
-    // clang-format on
-    m_attachmentHandler->registerHref(m_contentId.c_str(), *objectOf(parent), child.name,
-                                      child.type, position);
+    KORVA_AttachmentHandler& handler = requireHandler([](const auto* m_attachmentHandler) {
+        // clang-format off
+        ZEL_ASSERT_NAMED(m_attachmentHandler, "KORVASchemaTypeIContentHandler::endElement - Handler not configured to process href attachments. );");
+        // clang-format on
+    });
+    handler.registerHref(m_contentId.c_str(), *objectOf(parent), child.name, child.type, position);
 }
 
 std::size_t ValueReader::setText(const Frame& parent, const Frame& child) {
@@ -488,7 +490,10 @@ KORVA_String* ValueReader::takeText() {
 void ValueReader::makeNumber(const Frame& frame, void* place) {
     const std::string_view text = trimmed({m_context.text.str(), m_context.text.pcount()});
     const auto make = [&](auto read, auto value, const char* typeName) {
-        if (!read(text, value)) KORVA_RAISE(eKORVA_BadText, charactersLabel, frame.name, typeName);
+        if (!read(text, value))
+            raise({{eKORVA_BadText, {frame.name, typeName}},
+                   {eKORVA_BadTextIs, {std::string(text).c_str()}}},
+                  ZEL_LOCATION, charactersLabel);
         if (place != nullptr) *static_cast<decltype(value)*>(place) = value;
     };
     switch (frame.type) {
@@ -548,25 +553,38 @@ void ValueReader::makeContent(Frame& frame) {
     if (frame.refers) registerReference(*currentObj, position);
 }
 
+/// The attachment handler. The assertion's text is published, so that the advice stands behind it.
+template <class Assertion>
+KORVA_AttachmentHandler& ValueReader::requireHandler(Assertion assertion) const {
+    try {
+        assertion(m_context.attachmentHandler);
+    } catch (ZELAssertError& error) {
+        ZEL_RETHROW(
+            error, "KORVA_AttachmentHandler",
+            "the value is in an attachment, so call setAttachmentHandler() before the parse");
+    }
+    return *m_context.attachmentHandler;
+}
+
+KORVA_AttachmentHandler& ValueReader::handlerOfText() const {
+    return requireHandler([](const auto* m_attachmentHandler) {
+        // clang-format off
+        ZEL_ASSERT_NAMED(m_attachmentHandler, "KORVASchemaTypeIContentHandler::setCurrentCharacterData - Handler not configured to process href attachments. );");
+        // clang-format on
+    });
+}
+
 /// The value of a parameter of text or binary type that its attachment will fill.
 void* ValueReader::makeAttachedValue(ObjectType type) {
     auto* const attached = m_context.registry->make<AttachedValue>();
-    KORVA_AttachmentHandler* const m_attachmentHandler = m_context.attachmentHandler;
-    // clang-format off
-    ZEL_ASSERT_NAMED(m_attachmentHandler, "KORVASchemaTypeIContentHandler::setCurrentCharacterData - Handler not configured to process href attachments. );");
-    // clang-format on
-    m_attachmentHandler->registerHref(m_contentId.c_str(), *attached, "", type, 0);
+    handlerOfText().registerHref(m_contentId.c_str(), *attached, "", type, 0);
     return attached->valueFor(type);
 }
 
 /// Tells the attachment handler of the content of `object`: a reference must not get lost.
 void ValueReader::registerReference(KORVASchemaTypeI& object, std::size_t position) {
-    KORVA_AttachmentHandler* const m_attachmentHandler = m_context.attachmentHandler;
-    // clang-format off
-    ZEL_ASSERT_NAMED(m_attachmentHandler, "KORVASchemaTypeIContentHandler::setCurrentCharacterData - Handler not configured to process href attachments. );");
-    // clang-format on
-    m_attachmentHandler->registerHref(m_contentId.c_str(), object, "", KORVASchemaTypeI::eString,
-                                      position);
+    handlerOfText().registerHref(m_contentId.c_str(), object, "", KORVASchemaTypeI::eString,
+                                 position);
 }
 
 }  // namespace korva

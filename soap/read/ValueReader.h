@@ -11,6 +11,7 @@
 #include <string_view>
 #include <vector>
 
+class KORVA_AttachmentHandler;
 class KORVA_String;
 
 namespace korva {
@@ -136,6 +137,9 @@ private:
     std::size_t setNumber(KORVASchemaTypeI& parent, const Frame& child);
     void* makeNumberOfRoot(ObjectType type);
     void* makeAttachedValue(ObjectType type);
+    template <class Assertion>
+    KORVA_AttachmentHandler& requireHandler(Assertion assertion) const;
+    KORVA_AttachmentHandler& handlerOfText() const;
     void registerReference(KORVASchemaTypeI& object, std::size_t position);
     KORVASchemaTypeI* makeObject(ObjectType type);
     KORVA_String* takeText();

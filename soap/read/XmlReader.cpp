@@ -1,17 +1,15 @@
 #include "soap/read/XmlReader.h"
 
+#include "core/NumberedError.h"
 #include "soap/read/DocumentBytes.h"
+#include "soap/read/FoundInstead.h"
 #include "soap/read/ReadGuard.h"
 #include "soap/read/Utf16.h"
 
 #include <i18n/KORVAMessageId.h>
 #include <korva/KORVAException.h>
-#include <korva/KORVAZELMessage.h>
-#include <zel/I18NString.h>
 #include <zel/ZELFrame.h>
-#include <zel/ZELMessageParm.h>
 #include <zel/ZELOutOfMemoryError.h>
-#include <zel/ZELPrintable.h>
 #include <zel/ZELStdExceptionError.h>
 #include <zel/ZELThrow.h>
 
@@ -39,14 +37,15 @@ template <class Exception>
     throw exception;
 }
 
-/// Throws what the parser reports, in its words.
-[[noreturn]] void raiseParseError(const ReadGuard& guard, const std::string& reported,
-                                  ZELFileLocation location, const char* function) {
+/// Throws what the parser reports, in its words, and what else the document seems to be.
+[[noreturn]] void raiseParseError(const ReadGuard& guard, const DocumentBytes& bytes,
+                                  const std::string& reported, ZELFileLocation location,
+                                  const char* function) {
     KORVAException exception(0);
     ZEL_TRY {
-        KORVAZELMessage message(eKORVA_ParseError);
-        message << ZELMessageParm(I18NString(zel::printable(reported)));
-        exception << message;
+        addMessage(exception, {eKORVA_ParseError, {reported.c_str()}});
+        const std::string found = foundInsteadOfXml(bytes.start());
+        if (!found.empty()) addMessage(exception, {eKORVA_FoundInstead, {found.c_str()}});
     }
     ZEL_CATCH(function);
     raiseAt(guard, exception, location, function);
@@ -56,7 +55,7 @@ template <class Exception>
                                    const char* function) {
     KORVAException exception(0);
     ZEL_TRY {
-        exception << KORVAZELMessage(eKORVA_ParseFailed);
+        addMessage(exception, {eKORVA_ParseFailed, {}});
     }
     ZEL_CATCH(function);
     raiseAt(guard, exception, location, function);
@@ -64,10 +63,9 @@ template <class Exception>
 
 }  // namespace
 
-void XmlReader::runSource(BRIMInputStream& stream, ReadGuard& guard) {
+void XmlReader::runSource(DocumentBytes& bytes, ReadGuard& guard) {
     // What libxml2 can do ends here.
     constexpr std::size_t longestName = 10'000'000;
-    DocumentBytes bytes(stream);
     DocumentBytes::Form form = DocumentBytes::Form::Other;
     try {
         form = bytes.look();
@@ -84,15 +82,17 @@ void XmlReader::runSource(BRIMInputStream& stream, ReadGuard& guard) {
 void XmlReader::parse(BRIMInputStream& stream, DocumentReceiver& reader,
                       const EntryPoint& entryPoint) {
     ReadGuard guard(reader, m_limits, entryPoint.function);
+    DocumentBytes bytes(stream);
     try {
-        runSource(stream, guard);
+        runSource(bytes, guard);
     } catch (const NotWellFormed& document) {
-        raiseParseError(guard, document.text, ZEL_LOCATION, entryPoint.function);
+        raiseParseError(guard, bytes, document.text, ZEL_LOCATION, entryPoint.function);
     } catch (const xercesc::SAXParseException& exception) {
-        raiseParseError(guard, utf8(exception.getMessage()) + utf8(exception.getSystemId()),
+        raiseParseError(guard, bytes, utf8(exception.getMessage()) + utf8(exception.getSystemId()),
                         ZEL_LOCATION, entryPoint.function);
     } catch (const xercesc::SAXException& exception) {
-        raiseParseError(guard, utf8(exception.getMessage()), ZEL_LOCATION, entryPoint.function);
+        raiseParseError(guard, bytes, utf8(exception.getMessage()), ZEL_LOCATION,
+                        entryPoint.function);
     } catch (ZELThrowable& throwable) {
         ZEL_RETHROW(throwable, entryPoint.call, place(guard));
     } catch (const xercesc::OutOfMemoryException&) {

@@ -34,7 +34,7 @@ public:
     void parse(BRIMInputStream& stream, DocumentReceiver& reader, const EntryPoint& entryPoint);
 
 private:
-    void runSource(BRIMInputStream& stream, ReadGuard& guard);
+    void runSource(DocumentBytes& bytes, ReadGuard& guard);
 
     ReadLimits m_limits;
     LibxmlSource m_libxml;

@@ -24,7 +24,8 @@ const Row rows[] = {
     {0xEA407F89, 2}, {0xEA4152EA, 1}, {0xEA4ACDA5, 2}, {0xEA40320B, 2}, {0xEA41D35C, 1},
     {0xEA4AA334, 1}, {0xEA4B8476, 2}, {0xEA4BCA5D, 2}, {0xEA48385C, 2}, {0xEA4BA852, 1},
     {0xEA4CB90C, 2}, {0xEA487D84, 3}, {0xEA4BD4DB, 3}, {0xEA4F0001, 3}, {0xEA4F0003, 3},
-    {0xEA4F0004, 3}, {0xEA4F0005, 3},
+    {0xEA4F0004, 3}, {0xEA4F0005, 3}, {0xEA4F0020, 3}, {0xEA4F0021, 2}, {0xEA4F0022, 3},
+    {0xEA4F0023, 1}, {0xEA4F0024, 3}, {0xEA4F0025, 1},
 };
 
 TEST(MessageCatalogue, EveryMessageIsASentenceThatTakesAllItsParameters) {

@@ -63,6 +63,24 @@ testing::AssertionResult raisesAssertion(Action action, std::string_view text) {
         });
 }
 
+/// Whether a message has this id and exactly these parameters.
+inline testing::AssertionResult isMessage(const ZELMessage& message, unsigned id,
+                                          std::initializer_list<std::string_view> parameters) {
+    if (message.getId() != id)
+        return testing::AssertionFailure()
+               << std::hex << "the id is " << message.getId() << ", not " << id;
+    if (message.getParms().size() != parameters.size())
+        return testing::AssertionFailure() << message.getParms().size() << " parameters";
+    std::size_t position = 0;
+    for (const std::string_view parameter : parameters) {
+        const char* const text = message.getParms()[position++].getText();
+        if (text != parameter)
+            return testing::AssertionFailure() << "parameter " << position << " is \"" << text
+                                               << "\", not \"" << parameter << '"';
+    }
+    return testing::AssertionSuccess();
+}
+
 /// Whether `action` ends in a KORVAException whose first message has this id and exactly these
 /// parameters, from this function. What follows the first message is advice.
 template <class Action>
@@ -72,21 +90,23 @@ testing::AssertionResult raisesNumbered(Action action, unsigned id, const char* 
         "a KORVAException", action, [&](const KORVAException& error) -> testing::AssertionResult {
             if (error.getMessages().empty())
                 return testing::AssertionFailure() << "no message in " << error.toString();
-            const ZELMessage& message = error.getMessages()[0];
-            if (message.getId() != id)
-                return testing::AssertionFailure()
-                       << std::hex << "the id is " << message.getId() << ", not " << id;
-            if (message.getParms().size() != parameters.size())
-                return testing::AssertionFailure()
-                       << message.getParms().size() << " parameters in " << error.toString();
-            std::size_t position = 0;
-            for (const std::string_view parameter : parameters) {
-                const char* const text = message.getParms()[position++].getText();
-                if (text != parameter)
-                    return testing::AssertionFailure() << "parameter " << position << " is \""
-                                                       << text << "\", not \"" << parameter << '"';
-            }
+            testing::AssertionResult result = isMessage(error.getMessages()[0], id, parameters);
+            if (!result) return result << " in " << error.toString();
             return isThrownBy(error, function);
+        });
+}
+
+/// Whether `action` ends in a KORVAException whose second and last message has this id and exactly
+/// these parameters.
+template <class Action>
+testing::AssertionResult raisesAdvice(Action action, unsigned id,
+                                      std::initializer_list<std::string_view> parameters) {
+    return raises<KORVAException>(
+        "a KORVAException", action, [&](const KORVAException& error) -> testing::AssertionResult {
+            if (error.getMessages().size() != 2)
+                return testing::AssertionFailure() << "no advice in " << error.toString();
+            testing::AssertionResult result = isMessage(error.getMessages()[1], id, parameters);
+            return result ? result : result << " in " << error.toString();
         });
 }
 
@@ -102,6 +122,12 @@ testing::AssertionResult raisesNumbered(Action action, unsigned id, const char* 
 #define EXPECT_NUMBERED(statement, id, function, ...)                                              \
     EXPECT_TRUE(::korva::test::raisesNumbered([&] { static_cast<void>(statement); }, id, function, \
                                               {__VA_ARGS__}))
+
+/// Expects a KORVAException with advice behind what is wrong: the message `id`, with the parameters
+/// that follow.
+#define EXPECT_ADVICE(statement, id, ...) \
+    EXPECT_TRUE(                          \
+        ::korva::test::raisesAdvice([&] { static_cast<void>(statement); }, id, {__VA_ARGS__}))
 
 /// Expects the type error with class name, child name, expected and actual type.
 #define EXPECT_TYPE_ERROR(statement, className, childName, expectedType, actualType)           \

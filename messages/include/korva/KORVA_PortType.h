@@ -65,7 +65,6 @@ private:
     const korva::OperationRow* findOperation(const char* name,
                                              const std::vector<KORVAMessageParam*>& params) const;
     const korva::OperationRow& operationOf(KORVAMessageI::MessageType inputMessageType) const;
-    [[noreturn]] void refuseOperation(const char* name) const;
     KORVAPortTypeBinding* bind(const char* operationName, const OperationMetadata& metadata,
                                KORVAMessageI* inputMessage) const;
 
