@@ -1,5 +1,7 @@
 #include "core/NearestName.h"
 
+#include <zel/ZELAscii.h>
+
 #include <algorithm>
 #include <array>
 #include <cstddef>
@@ -11,10 +13,6 @@ namespace {
 /// Longer names are not looked at.
 constexpr std::size_t longestName = 64;
 
-char lower(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
 /// How many letters have to be put in, taken out or changed to make the one of the other.
 std::size_t distance(std::string_view left, std::string_view right) {
     std::array<std::size_t, longestName + 1> row{};
@@ -24,7 +22,7 @@ std::size_t distance(std::string_view left, std::string_view right) {
         std::size_t diagonal = row[0];
         row[0] = i;
         for (std::size_t j = 1; j <= right.size(); ++j) {
-            const bool isSame = lower(left[i - 1]) == lower(right[j - 1]);
+            const bool isSame = zel::toLower(left[i - 1]) == zel::toLower(right[j - 1]);
             const std::size_t changed = diagonal + (isSame ? 0 : 1);
             diagonal = row[j];
             row[j] = std::min({changed, row[j] + 1, row[j - 1] + 1});
