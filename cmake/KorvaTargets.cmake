@@ -65,11 +65,21 @@ set(KORVA_PREFIX_MAP
     "-ffile-prefix-map=${from_build}=" "-ffile-prefix-map=${PROJECT_SOURCE_DIR}/="
     "-ffile-prefix-map=${PROJECT_BINARY_DIR}=." "-ffile-prefix-map=${PROJECT_BINARY_DIR}/=")
 
+# korva_configure_objects(<target>)
+#
+# Gives what is compiled for a library of ours the strict warnings, the hardening and the private include
+# path of the repository's root.
+function(korva_configure_objects target)
+    target_compile_features(${target} PUBLIC cxx_std_20)
+    target_compile_options(${target} PRIVATE ${KORVA_PREFIX_MAP})
+    target_include_directories(${target} PRIVATE "${PROJECT_SOURCE_DIR}")
+    target_link_libraries(${target} PRIVATE korva_library_warnings korva_hardening)
+endfunction()
+
 # korva_configure_library(<target> NAME <name> [OUTPUT_NAME <name>])
 #
 # Gives a shared library of ours the name KorvaObjModel::<name>, here and in the installed package, its
-# version, the strict warnings, the hardening, the link flags and the private include path of the
-# repository's root.
+# version, the link flags, and what its objects get.
 function(korva_configure_library target)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "NAME;OUTPUT_NAME" "")
     if(NOT TARGET KorvaObjModel::${arg_NAME})
@@ -82,19 +92,17 @@ function(korva_configure_library target)
         ${target}
         PROPERTIES EXPORT_NAME ${arg_NAME}
                    DEFINE_SYMBOL ${arg_NAME}_EXPORTS
+                   LINKER_LANGUAGE CXX
                    VERSION ${PROJECT_VERSION}
                    SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
-    target_compile_features(${target} PUBLIC cxx_std_20)
-    target_compile_options(${target} PRIVATE ${KORVA_PREFIX_MAP})
-    target_include_directories(${target} PRIVATE "${PROJECT_SOURCE_DIR}")
-    target_link_libraries(${target} PRIVATE korva_library_warnings korva_hardening)
+    korva_configure_objects(${target})
     target_link_options(${target} PRIVATE ${KORVA_LIBRARY_LINK_FLAGS})
     set_property(GLOBAL APPEND PROPERTY KORVA_LIBRARIES ${target})
 endfunction()
 
 # korva_add_platform_library(<name> OUTPUT_NAME <file name>)
 #
-# Adds the platform library of platform/<name>, whose target is korva_<name>. When KORVA_<NAME>_TARGET
+# Adds the platform library of platform/<name>, whose target is korva_<name>, with those that it may know. When KORVA_<NAME>_TARGET
 # names a target that exists already (a deployment's real library), that one is linked and ours is not
 # built.
 function(korva_add_platform_library name)
@@ -108,4 +116,5 @@ function(korva_add_platform_library name)
     endif()
     add_subdirectory("${PROJECT_SOURCE_DIR}/platform/${name}" "${PROJECT_BINARY_DIR}/platform/${name}")
     korva_configure_library(korva_${name} NAME ${name} ${ARGN})
+    korva_link_platform(korva_${name} ${name})
 endfunction()
