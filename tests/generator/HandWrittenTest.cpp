@@ -24,13 +24,15 @@ Names listed() {
     return out;
 }
 
-// The headers as they lie in the tree.
+// The headers as they lie in the tree, those that are configured (`.h.in`) with them.
 Names present() {
     Names out;
     for (const char* room : {"core", "messages", "soap", "bridges"}) {
         const fs::path headers = fs::path(KORVA_TEST_SOURCE_DIR) / room / "include" / "korva";
-        for (const auto& entry : fs::directory_iterator(headers))
-            out.insert(entry.path().stem().string());
+        for (const auto& entry : fs::directory_iterator(headers)) {
+            const std::string file = entry.path().filename().string();
+            out.insert(file.substr(0, file.find('.')));
+        }
     }
     return out;
 }
