@@ -41,8 +41,7 @@ configure_package_config_file(
     "${PROJECT_SOURCE_DIR}/cmake/KorvaObjModelConfig.cmake.in"
     "${PROJECT_BINARY_DIR}/KorvaObjModelConfig.cmake"
     INSTALL_DESTINATION "${package_dir}"
-    PATH_VARS data_dir
-    NO_CHECK_REQUIRED_COMPONENTS_MACRO)
+    PATH_VARS data_dir)
 write_basic_package_version_file(
     "${PROJECT_BINARY_DIR}/KorvaObjModelConfigVersion.cmake" COMPATIBILITY SameMinorVersion)
 install(FILES "${PROJECT_BINARY_DIR}/KorvaObjModelConfig.cmake"
@@ -52,6 +51,7 @@ install(FILES "${PROJECT_BINARY_DIR}/KorvaObjModelConfig.cmake"
 set(pc_dir "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
 file(RELATIVE_PATH pc_prefix "/${pc_dir}" "/")
 string(REGEX REPLACE "/$" "" pc_prefix "${pc_prefix}")
+# A library stands before those that it needs. What a static one needs itself is left to its users.
 set(pc_libs "")
 foreach(library IN LISTS libraries)
     get_target_property(name ${library} OUTPUT_NAME)
@@ -61,6 +61,12 @@ foreach(library IN LISTS libraries)
     string(PREPEND pc_libs "-l${name} ")
 endforeach()
 string(STRIP "${pc_libs}" pc_libs)
+set(pc_private "")
+set(pc_cflags "")
+if(KORVA_LIBRARY_TYPE STREQUAL "STATIC")
+    set(pc_private "Requires.private: libxml-2.0 >= 2.9.14 zlib\nLibs.private: -pthread\n")
+    set(pc_cflags " -DKORVA_STATIC")
+endif()
 configure_file("${PROJECT_SOURCE_DIR}/cmake/KorvaObjModel.pc.in"
                "${PROJECT_BINARY_DIR}/KorvaObjModel.pc" @ONLY)
 install(FILES "${PROJECT_BINARY_DIR}/KorvaObjModel.pc" DESTINATION "${pc_dir}")

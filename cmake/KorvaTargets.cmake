@@ -1,7 +1,13 @@
-# What all targets share: warnings, sanitizers, and the settings of our shared libraries.
+# What all targets share: warnings, sanitizers, and the settings of our libraries.
 
 include(CheckCXXCompilerFlag)
 include(CheckLinkerFlag)
+
+# Shared, unless it is said that libraries are not.
+set(KORVA_LIBRARY_TYPE SHARED)
+if(DEFINED BUILD_SHARED_LIBS AND NOT BUILD_SHARED_LIBS)
+    set(KORVA_LIBRARY_TYPE STATIC)
+endif()
 
 # Warnings for every target of ours; link it privately.
 add_library(korva_warnings INTERFACE)
@@ -73,13 +79,15 @@ function(korva_configure_objects target)
     target_compile_features(${target} PUBLIC cxx_std_20)
     target_compile_options(${target} PRIVATE ${KORVA_PREFIX_MAP})
     target_include_directories(${target} PRIVATE "${PROJECT_SOURCE_DIR}")
-    target_link_libraries(${target} PRIVATE korva_library_warnings korva_hardening)
+    # Of this tree alone: an installed static library does not ask its users for them.
+    target_link_libraries(${target} PRIVATE "$<BUILD_INTERFACE:korva_library_warnings>"
+                                            "$<BUILD_INTERFACE:korva_hardening>")
 endfunction()
 
 # korva_configure_library(<target> NAME <name> [OUTPUT_NAME <name>])
 #
-# Gives a shared library of ours the name KorvaObjModel::<name>, here and in the installed package, its
-# version, the link flags, and what its objects get.
+# Gives a library of ours the name KorvaObjModel::<name>, here and in the installed package, its version, the
+# link flags, and what its objects get.
 function(korva_configure_library target)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "NAME;OUTPUT_NAME" "")
     if(NOT TARGET KorvaObjModel::${arg_NAME})
@@ -96,6 +104,9 @@ function(korva_configure_library target)
                    VERSION ${PROJECT_VERSION}
                    SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
     korva_configure_objects(${target})
+    if(KORVA_LIBRARY_TYPE STREQUAL "STATIC")
+        target_compile_definitions(${target} PUBLIC KORVA_STATIC)
+    endif()
     target_link_options(${target} PRIVATE ${KORVA_LIBRARY_LINK_FLAGS})
     set_property(GLOBAL APPEND PROPERTY KORVA_LIBRARIES ${target})
 endfunction()

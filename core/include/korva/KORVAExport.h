@@ -2,7 +2,10 @@
 /// between the core and the generated code.
 #pragma once
 
-#if defined(_WIN32)
+#if defined(KORVA_STATIC)
+#define KORVA_EXPORT
+#define KORVA_LOCAL
+#elif defined(_WIN32)
 #if defined(KorvaObjModel_EXPORTS)
 #define KORVA_EXPORT __declspec(dllexport)
 #else

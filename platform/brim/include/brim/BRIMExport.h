@@ -1,7 +1,9 @@
 /// Says which names of the library BrimStreams are visible outside it.
 #pragma once
 
-#if defined(_WIN32)
+#if defined(KORVA_STATIC)
+#define BRIM_EXPORT
+#elif defined(_WIN32)
 #if defined(brim_EXPORTS)
 #define BRIM_EXPORT __declspec(dllexport)
 #else

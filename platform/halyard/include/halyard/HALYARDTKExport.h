@@ -1,7 +1,9 @@
 /// Says which names of the Halyard toolkit are visible outside it.
 #pragma once
 
-#if defined(_WIN32)
+#if defined(KORVA_STATIC)
+#define HALYARDTK_EXPORT
+#elif defined(_WIN32)
 #if defined(halyard_EXPORTS)
 #define HALYARDTK_EXPORT __declspec(dllexport)
 #else

@@ -1,7 +1,9 @@
 /// Says which names of the library KorvaI18NRes are visible outside it.
 #pragma once
 
-#if defined(_WIN32)
+#if defined(KORVA_STATIC)
+#define I18N_EXPORT
+#elif defined(_WIN32)
 #if defined(i18n_EXPORTS)
 #define I18N_EXPORT __declspec(dllexport)
 #else

@@ -1,7 +1,10 @@
 /// What marks a declaration as part of this library's interface.
 #pragma once
 
-#if defined(_WIN32)
+#if defined(KORVA_STATIC)
+#define TARN_EXPORT
+#define TARN_LOCAL
+#elif defined(_WIN32)
 #if defined(tarn_EXPORTS)
 #define TARN_EXPORT __declspec(dllexport)
 #else

@@ -1,7 +1,9 @@
 /// Says which names of the library ZELCore are visible outside it.
 #pragma once
 
-#if defined(_WIN32)
+#if defined(KORVA_STATIC)
+#define ZEL_EXPORT
+#elif defined(_WIN32)
 #if defined(zel_EXPORTS)
 #define ZEL_EXPORT __declspec(dllexport)
 #else

@@ -1,7 +1,9 @@
 /// Says which names of the library ZELIDOM are visible outside it.
 #pragma once
 
-#if defined(_WIN32)
+#if defined(KORVA_STATIC)
+#define ZELIDOM_EXPORT
+#elif defined(_WIN32)
 #if defined(zelidom_EXPORTS)
 #define ZELIDOM_EXPORT __declspec(dllexport)
 #else

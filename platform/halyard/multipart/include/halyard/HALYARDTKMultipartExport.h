@@ -1,7 +1,9 @@
 /// Says which names of the multipart library are visible outside it.
 #pragma once
 
-#if defined(_WIN32)
+#if defined(KORVA_STATIC)
+#define HALYARDTK_MULTIPART_EXPORT
+#elif defined(_WIN32)
 #if defined(halyard_multipart_EXPORTS)
 #define HALYARDTK_MULTIPART_EXPORT __declspec(dllexport)
 #else
