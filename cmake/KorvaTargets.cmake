@@ -111,21 +111,24 @@ function(korva_configure_library target)
     set_property(GLOBAL APPEND PROPERTY KORVA_LIBRARIES ${target})
 endfunction()
 
-# korva_add_platform_library(<name> OUTPUT_NAME <file name>)
+# korva_add_platform_library(<name> OUTPUT_NAME <file name> [REPLACEABLE])
 #
-# Adds the platform library of platform/<name>, whose target is korva_<name>, with those that it may know. When KORVA_<NAME>_TARGET
-# names a target that exists already (a deployment's real library), that one is linked and ours is not
-# built.
+# Adds the platform library of platform/<name>, whose target is korva_<name>, with those that it may know. When
+# it is replaceable and KORVA_<NAME>_TARGET names a target (a deployment's own library), that one is linked
+# and ours is not built; docs/platform.md tells what it must have.
 function(korva_add_platform_library name)
-    string(TOUPPER ${name} upper)
-    set(KORVA_${upper}_TARGET "" CACHE STRING
-        "Existing target to link in place of our platform library ${name}")
-    mark_as_advanced(KORVA_${upper}_TARGET)
-    if(KORVA_${upper}_TARGET)
-        add_library(KorvaObjModel::${name} ALIAS ${KORVA_${upper}_TARGET})
-        return()
+    cmake_parse_arguments(PARSE_ARGV 1 arg "REPLACEABLE" "OUTPUT_NAME" "")
+    if(arg_REPLACEABLE)
+        string(TOUPPER ${name} upper)
+        set(KORVA_${upper}_TARGET "" CACHE STRING
+            "Existing target to link in place of our platform library ${name}")
+        mark_as_advanced(KORVA_${upper}_TARGET)
+        if(KORVA_${upper}_TARGET)
+            add_library(KorvaObjModel::${name} ALIAS ${KORVA_${upper}_TARGET})
+            return()
+        endif()
     endif()
     add_subdirectory("${PROJECT_SOURCE_DIR}/platform/${name}" "${PROJECT_BINARY_DIR}/platform/${name}")
-    korva_configure_library(korva_${name} NAME ${name} ${ARGN})
+    korva_configure_library(korva_${name} NAME ${name} OUTPUT_NAME ${arg_OUTPUT_NAME})
     korva_link_platform(korva_${name} ${name})
 endfunction()
