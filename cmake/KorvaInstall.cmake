@@ -51,7 +51,8 @@ install(FILES "${PROJECT_BINARY_DIR}/KorvaObjModelConfig.cmake"
 set(pc_dir "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
 file(RELATIVE_PATH pc_prefix "/${pc_dir}" "/")
 string(REGEX REPLACE "/$" "" pc_prefix "${pc_prefix}")
-# A library stands before those that it needs. What a static one needs itself is left to its users.
+# A library stands before those that it needs. What static ones need themselves every user links, not only
+# who asks for static libraries throughout.
 set(pc_libs "")
 foreach(library IN LISTS libraries)
     get_target_property(name ${library} OUTPUT_NAME)
@@ -61,10 +62,11 @@ foreach(library IN LISTS libraries)
     string(PREPEND pc_libs "-l${name} ")
 endforeach()
 string(STRIP "${pc_libs}" pc_libs)
-set(pc_private "")
+set(pc_requires "xerces-c >= 3.2")
 set(pc_cflags "")
 if(KORVA_LIBRARY_TYPE STREQUAL "STATIC")
-    set(pc_private "Requires.private: libxml-2.0 >= 2.9.14 zlib\nLibs.private: -pthread\n")
+    string(APPEND pc_requires " libxml-2.0 >= 2.9.14 zlib")
+    string(APPEND pc_libs " -pthread")
     set(pc_cflags " -DKORVA_STATIC")
 endif()
 configure_file("${PROJECT_SOURCE_DIR}/cmake/KorvaObjModel.pc.in"

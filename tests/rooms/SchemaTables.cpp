@@ -1,4 +1,5 @@
-// The tables of the schema, which the core is given from above: empty here, so that it links without them.
+// The tables of the schema, which the core is given from above: empty here, so that it links
+// without them.
 #include "core/Descriptor.h"
 
 namespace korva {
