@@ -63,6 +63,14 @@ foreach(flag IN ITEMS -Bsymbolic-functions -z,now -z,relro --no-undefined)
     endif()
 endforeach()
 
+# Tables of pointers in a few bytes for each run of them. The loader must know this form (glibc 2.36 does,
+# and an older one says that it does not); -DKORVA_LINKER_PACKS_RELOCATIONS=OFF builds for any. A linker
+# that does not know it may only warn.
+check_linker_flag(CXX "-Wl,--fatal-warnings,-z,pack-relative-relocs" KORVA_LINKER_PACKS_RELOCATIONS)
+if(KORVA_LINKER_PACKS_RELOCATIONS)
+    list(APPEND KORVA_LIBRARY_LINK_FLAGS "-Wl,-z,pack-relative-relocs")
+endif()
+
 # What the compiler writes of a path into a library, in traces or for a debugger: the path in the tree,
 # and not where the tree or the build lay. A compiler cache may hand the compiler paths that start at the
 # build. The last one that fits is taken.
