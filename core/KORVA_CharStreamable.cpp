@@ -1,5 +1,7 @@
 #include "korva/KORVA_CharStreamable.h"
 
+#include "types/TextMarker.h"
+
 #include <brim/BRIMBase64OutputStream.h>
 #include <brim/BRIMOutputStream.h>
 #include <korva/KORVA_Streamable.h>
@@ -7,13 +9,6 @@
 #include <zel/ZELFrame.h>
 
 #include <cstring>
-
-namespace {
-
-constexpr char textMarker[4] = {'\xFF', '\xFF', '\xFF', '\x00'};
-constexpr char contentIdMarker[4] = {'\xFF', '\xFE', '\xFF', '\x00'};
-
-}  // namespace
 
 KORVA_CharStreamable::KORVA_CharStreamable()
     : m_streamable(nullptr), m_data(nullptr), m_next(nullptr), m_base64(false) {
@@ -37,11 +32,7 @@ KORVA_CharStreamable::~KORVA_CharStreamable() {
 }
 
 bool KORVA_CharStreamable::isCharStreamable(const char* p) {
-    // The first byte settles nearly every text; each further byte is read only while all before
-    // it agree, so that a short text is not overrun.
-    return p != nullptr && p[0] == textMarker[0] &&
-           (p[1] == textMarker[1] || p[1] == contentIdMarker[1]) && p[2] == textMarker[2] &&
-           p[3] == textMarker[3];
+    return types::isMarked(p);
 }
 
 void KORVA_CharStreamable::initialize(const KORVA_Streamable& s, bool base64) {
@@ -72,38 +63,25 @@ KORVA_CharStreamable& KORVA_CharStreamable::append(KORVA_CharStreamable* head,
 }
 
 void KORVA_CharStreamable::setIsContentId(bool isContentId) {
-    std::memcpy(m_marker, isContentId ? contentIdMarker : textMarker, sizeof m_marker);
+    types::mark(m_marker, isContentId);
 }
 
 bool KORVA_CharStreamable::getIsContentId() const {
-    return std::memcmp(m_marker, contentIdMarker, sizeof m_marker) == 0;
+    return types::isContentId(m_marker);
 }
 
 BRIMOutputStream& KORVA_CharStreamable::operator>>(BRIMOutputStream& out) const {
     const auto writePieces = [this](BRIMOutputStream& target) {
-        for (const KORVA_CharStreamable* piece = this; piece != nullptr; piece = piece->m_next) {
-            if (piece->m_streamable != nullptr)
-                *piece->m_streamable >> target;
-            else if (piece->m_data != nullptr)
-                target.write(piece->m_data, std::strlen(piece->m_data));
-        }
+        for (const KORVA_CharStreamable* piece = this; piece != nullptr; piece = piece->m_next)
+            types::writePiece(piece->m_streamable, piece->m_data, target);
     };
     ZEL_TRY {
-        if (m_base64) {
-            BRIMBase64OutputStream encoder;
-            encoder.wrap(out);
-            writePieces(encoder);
-            encoder.close();
-        } else {
-            writePieces(out);
-        }
-        return out;
+        return types::writeEncoded<BRIMBase64OutputStream>(out, m_base64, writePieces);
     }
     ZEL_CATCH("KORVA_CharStreamable::operator>>");
 }
 
 bool KORVA_CharStreamable::sharesPiecesWith(const KORVA_CharStreamable& other) const {
-    return std::memcmp(m_marker, other.m_marker, sizeof m_marker) == 0 &&
-           m_streamable == other.m_streamable && m_data == other.m_data && m_next == other.m_next &&
-           m_base64 == other.m_base64;
+    return types::sameMarkers(m_marker, other.m_marker) && m_streamable == other.m_streamable &&
+           m_data == other.m_data && m_next == other.m_next && m_base64 == other.m_base64;
 }
