@@ -3,6 +3,8 @@
 
 #include "bridges/ObjectModels.h"
 #include "core/CycleCheck.h"
+#include "types/Numbers.h"
+#include "types/PlainTypes.h"
 
 #include <brim/BRIMMemoryOutputStream.h>
 #include <korva/KORVATARNSupport.h>
@@ -109,36 +111,24 @@ public:
     }
 
     void copyNative(TargetObject& target, const char* name, SourceType type, void* value) {
-        switch (type) {
-            case SourceObject::eString:
-            case SourceObject::eTime:
-            case SourceObject::eDateTime:
-            case SourceObject::eQName:
-            case SourceObject::eCharStreamable:
-                copyString(target, name, static_cast<const char*>(value));
-                return;
-            case SourceObject::eInt:
-            case SourceObject::eInteger:
-                target.setChildObject(name, value, TargetObject::eInt, nullptr);
-                return;
-            case SourceObject::eDecimal:
-            case SourceObject::eFloat:
-                target.setChildObject(name, value, TargetObject::eDecimal, nullptr);
-                return;
-            case SourceObject::eBoolean: {
-                // Any byte but zero is true, whatever wrote it.
-                bool flag = *static_cast<const unsigned char*>(value) != 0;
-                target.setChildObject(name, &flag, TargetObject::eBoolean, nullptr);
-                return;
-            }
-            case SourceObject::eBase64Binary:
-                copyBase64(target, name, *static_cast<const typename Source::Base64Binary*>(value));
-                return;
-            case Source::faultDetail:
-            case Source::faultDetailArray:
-            case Source::fault: ZEL_ASSERT_NAMED(false, "Not implemented"); return;
-            default: ZEL_ASSERT_NAMED(false, "Unexpectd type");  // as published
+        if (Source::Factory::isString(type)) {
+            copyString(target, name, static_cast<const char*>(value));
+            return;
         }
+        const types::FieldKind kind = types::kindOf(type);
+        if (kind == types::FieldKind::Binary) {
+            copyBase64(target, name, *static_cast<const typename Source::Base64Binary*>(value));
+            return;
+        }
+        if (types::visitValue(kind, [&](auto copy) {
+                copy = types::valueAt<decltype(copy)>(value);
+                target.setChildObject(name, &copy, typeOf(copy), nullptr);
+            }))
+            return;
+        if (type == Source::faultDetail || type == Source::faultDetailArray ||
+            type == Source::fault)
+            ZEL_ASSERT_NAMED(false, "Not implemented");
+        ZEL_ASSERT_NAMED(false, "Unexpectd type");  // as published
     }
 
     void copyString(TargetObject& target, const char* name, const char* value) {
@@ -209,6 +199,11 @@ private:
 
     /// Arrays take any name for their elements but the empty one.
     static constexpr const char* elementName = "dummy";
+
+    // What values are handed over as, whatever their declared types.
+    static constexpr TargetType typeOf(int) { return TargetObject::eInt; }
+    static constexpr TargetType typeOf(float) { return TargetObject::eDecimal; }
+    static constexpr TargetType typeOf(bool) { return TargetObject::eBoolean; }
 
     static const SourceObject& asObject(const void* value) {
         return *static_cast<const SourceObject*>(value);

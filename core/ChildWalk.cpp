@@ -65,8 +65,8 @@ bool ChildWalk::nextField(Child& child) {
         }
         const FieldDescriptor& field = *m_field++;
         // Most fields of most objects are pointers that are not set.
-        void* const value = isPointer(field.kind) ? load<void*>(record, field.offset)
-                                                  : readField(record, field, false);
+        void* const value = types::isPointer(field.kind) ? load<void*>(record, field.offset)
+                                                         : readField(record, field, false);
         if (value == nullptr && m_skipUnset) continue;
         child = {tarnsymbols1::getChar(field.crc), field.type, value};
         return true;

@@ -1,6 +1,9 @@
 /// The tables that korva-schemac writes, and that the reflective implementation reads.
 #pragma once
 
+#include "types/Kinds.h"
+#include "types/Lookup.h"
+
 #include <korva/KORVAExport.h>
 #include <korva/KORVASchemaTypeI.h>
 #include <korva/KORVASchemaTypesFactory.h>
@@ -28,21 +31,7 @@ struct Record {
     static void operator delete(void* p) noexcept;
 };
 
-/// How a field is kept in its record.
-enum class FieldKind : std::uint8_t {
-    Object,        ///< pointer to a KORVASchemaTypeI
-    Text,          ///< const char*
-    Binary,        ///< pointer to a KORVAXSBase64Binary
-    Boolean,       ///< bool, with a no-value flag
-    Int,           ///< int, with a no-value flag
-    Float,         ///< float, with a no-value flag
-    EmbeddedArray  ///< an array object in the record itself
-};
-
-/// Whether a field is a pointer, null while unset.
-constexpr bool isPointer(FieldKind kind) {
-    return kind <= FieldKind::Binary;
-}
+using types::FieldKind;
 
 struct FieldDescriptor {
     std::uint32_t crc;         ///< of the wire name
@@ -71,7 +60,9 @@ struct ClassDescriptor {
     const FieldDescriptor* end() const { return fields + fieldCount; }
 
     /// The own field with this CRC, or null.
-    const FieldDescriptor* find(std::uint32_t crc) const;
+    const FieldDescriptor* find(std::uint32_t crc) const {
+        return types::findHashed(fields, hashes, hashMask, crc);
+    }
 
     /// The record of an object of this class or of one derived from it.
     static Record* recordOf(const KORVASchemaTypeI& object);
@@ -116,9 +107,8 @@ struct TypeTables {
     std::size_t arrayNameCount;
 };
 
-/// How many of an identity's top bits `TypeTables::typeIndex` is indexed by. The index has one
-/// entry more than there are values, so that the end of each run is the start of the next.
-inline constexpr unsigned typeIndexBits = 10;
+/// How many of an identity's top bits `TypeTables::typeIndex` is indexed by.
+using types::typeIndexBits;
 
 /// Defined by generated code.
 extern const TypeTables typeTables;

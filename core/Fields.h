@@ -2,6 +2,8 @@
 #pragma once
 
 #include "core/Descriptor.h"
+#include "types/Numbers.h"
+#include "types/PlainTypes.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -41,35 +43,25 @@ void store(const Record& record, std::uint16_t offset, Value value) {
     std::memcpy(at(record, offset), &value, sizeof value);
 }
 
-inline bool hasNoValueFlag(FieldKind kind) {
-    return kind == FieldKind::Boolean || kind == FieldKind::Int || kind == FieldKind::Float;
-}
-
 /// What getChildObject gives for a field.
 inline void* readField(const Record& record, const FieldDescriptor& field, bool forWrite) {
-    switch (field.kind) {
-        case FieldKind::Object:
-        case FieldKind::Text:
-        case FieldKind::Binary: return load<void*>(record, field.offset);
-        case FieldKind::Boolean:
-        case FieldKind::Int:
-        case FieldKind::Float:
-            if (forWrite)
-                store(record, field.flagOffset, false);
-            else if (load<bool>(record, field.flagOffset))
-                return nullptr;
-            return at(record, field.offset);
-        case FieldKind::EmbeddedArray: return at(record, field.offset);
+    if (types::isPointer(field.kind)) return load<void*>(record, field.offset);
+    if (types::isValue(field.kind)) {
+        if (forWrite)
+            store(record, field.flagOffset, false);
+        else if (load<bool>(record, field.flagOffset))
+            return nullptr;
     }
-    return nullptr;
+    return at(record, field.offset);
 }
 
 /// Reads the value of the plain type `type` that `obj` points at. Numbers are converted; out of
 /// range they saturate.
 /// @return false when `type` is no number and no boolean; `value` is then left alone
-bool readValue(const void* obj, ObjectType type, bool& value);
-bool readValue(const void* obj, ObjectType type, int& value);
-bool readValue(const void* obj, ObjectType type, float& value);
+template <class Value>
+bool readValue(const void* obj, ObjectType type, Value& value) {
+    return types::readAs(obj, types::kindOf(type), value);
+}
 
 /// Stores such a value in a boolean, int or float field and marks it as present.
 /// @return as above

@@ -3,7 +3,7 @@
 #include "core/Descriptor.h"
 #include "core/Names.h"
 #include "core/NumberedError.h"
-#include "core/PlainTypes.h"
+#include "types/PlainTypes.h"
 
 #include <i18n/KORVAMessageId.h>
 #include <korva/KORVAObjectRegistryI.h>
@@ -23,11 +23,21 @@ using korva::findType;
 using korva::TypeDescriptor;
 using korva::typeTables;
 
+// What is published of the plain types agrees with their one list.
+#define KORVA_PIN(number, name, wireName, kind)                                          \
+    static_assert(KORVASchemaTypeI::e##name == number);                                  \
+    static_assert(!KORVASchemaTypesFactory::isGeneratedType(KORVASchemaTypeI::e##name)); \
+    static_assert(KORVASchemaTypesFactory::isString(KORVASchemaTypeI::e##name) ==        \
+                  (types::FieldKind::kind == types::FieldKind::Text));
+KORVA_PLAIN_TYPES(KORVA_PIN)
+#undef KORVA_PIN
+
 namespace {
 
 /// The XSI type text, or null.
 const char* schemaTypeToXsiType(KORVASchemaTypeI::ObjectType type) {
-    if (const char* const text = korva::plainTypeText(type)) return text;
+    if (type == KORVASchemaTypeI::e_Unknown) return types::unknownText;
+    if (const types::PlainRow* const plain = types::findPlain(type)) return plain->text.data();
     const TypeDescriptor* const row = findType(type);
     return row != nullptr ? row->xsiName : nullptr;
 }
@@ -92,7 +102,8 @@ KORVASchemaTypeI::ObjectType KORVASchemaTypesFactory::busArrayTypeToObjectType(
 KORVASchemaTypeI::ObjectType KORVASchemaTypesFactory::xsiTypeToObjectType(
     const char* xsiType) const {
     ZEL_ASSERT(xsiType);
-    return korva::plainTypeOf(xsiType);
+    const types::PlainRow* const plain = types::findPlain(std::string_view(xsiType));
+    return plain != nullptr ? static_cast<ObjectType>(plain->type) : KORVASchemaTypeI::e_Unknown;
 }
 
 const char* KORVASchemaTypesFactory::objectTypeToXSIType(ObjectType type) const {

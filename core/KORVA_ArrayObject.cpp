@@ -1,5 +1,6 @@
 #include "korva/KORVA_ArrayObject.h"
 
+#include "core/ArrayAccess.h"
 #include "core/Fields.h"
 #include "core/Names.h"
 #include "core/ObjectComparison.h"
@@ -15,6 +16,30 @@
 #include <stdexcept>
 
 using Factory = KORVASchemaTypesFactory;
+using korva::ArrayAccess;
+
+namespace {
+
+/// Appends an element or replaces the one at `*idx`.
+/// @return its one-based position
+std::size_t put(KORVA_ArrayObject& array, void* element, const std::size_t* idx) {
+    ZEL_TRY {
+        if (idx == nullptr) {
+            const std::size_t count = array.size();
+            ArrayAccess::resize(array, count + 1);
+            ArrayAccess::setSlot(array, count, element);
+            return count + 1;
+        }
+        if (*idx == 0 || array.size() < *idx)
+            zel::literalAssertionFailed("ZEL_ASSERT(*idx > 0 && m_vector.size() >= *idx);",
+                                        ZEL_LOCATION);
+        ArrayAccess::setSlot(array, *idx - 1, element);
+        return *idx;
+    }
+    ZEL_CATCH(nullptr);
+}
+
+}  // namespace
 
 void KORVA_ArrayObject::throwInvalidSubscript() {
     throw std::out_of_range("invalid vector<T> subscript");
@@ -41,38 +66,22 @@ std::size_t KORVA_ArrayObject::setChildObject(const char* name, void* obj, const
 
     const ObjectType declared = elementType();
     bool fits = false;
-    void* element = obj;
-    // Elements of value arrays are read from here, whatever the type that was passed.
-    int number = 0;
-    bool flag = false;
+    std::size_t position = 0;
     if (Factory::isString(declared)) {
         fits = Factory::isString(type) && type != eCharStreamable;
-        if (fits) element = const_cast<char*>(static_cast<ZELByteBuffer*>(obj)->str());
+        if (fits)
+            position = put(*this, const_cast<char*>(static_cast<ZELByteBuffer*>(obj)->str()), idx);
     } else if (Factory::isGeneratedType(declared)) {
         fits = Factory::isGeneratedType(type) && static_cast<KORVASchemaTypeI*>(obj)->isa(declared);
-    } else if (declared == eBoolean) {
-        fits = korva::readValue(obj, type, flag);
-        element = &flag;
+        if (fits) position = put(*this, obj, idx);
     } else {
-        fits = korva::readValue(obj, type, number);
-        element = &number;
+        types::visitValue(types::kindOf(declared), [&](auto value) {
+            fits = korva::readValue(obj, type, value);
+            if (fits) position = put(*this, &value, idx);
+        });
     }
     if (!fits) Factory::typeError(korva::xmlName(getObjectType()), "<index>", declared, type);
-
-    ZEL_TRY {
-        if (idx == nullptr) {
-            const std::size_t count = size();
-            resizeSlots(count + 1);
-            setSlot(count, element);
-            return count + 1;
-        }
-        if (*idx == 0 || size() < *idx)
-            zel::literalAssertionFailed("ZEL_ASSERT(*idx > 0 && m_vector.size() >= *idx);",
-                                        ZEL_LOCATION);
-        setSlot(*idx - 1, element);
-        return *idx;
-    }
-    ZEL_CATCH(nullptr);
+    return position;
 }
 
 void KORVA_ArrayObject::getChildObjectNames(std::vector<const char*>& names, bool) const {

@@ -86,12 +86,9 @@ std::size_t KORVA_ClassObject::setChildObject(const char* name, void* obj, const
             if (!Factory::isBase64(type)) refuse();
             korva::store(*m_pPrivateData, field->offset, obj);
             break;
-        case FieldKind::Boolean:
-        case FieldKind::Int:
-        case FieldKind::Float:
-            if (!korva::storeValue(*m_pPrivateData, *field, obj, type)) refuse();
-            break;
         case FieldKind::EmbeddedArray: refuseArray(*level, *field);
+        default:
+            if (!korva::storeValue(*m_pPrivateData, *field, obj, type)) refuse();
     }
     return 0;
 }

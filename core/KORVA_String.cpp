@@ -1,15 +1,9 @@
 #include "korva/KORVA_String.h"
 
+#include "types/Numbers.h"
+
 #include <korva/KORVA_RefCount_ConstChar.h>
 #include <zel/ZELAssert.h>
-
-namespace {
-
-bool isWhiteSpace(char c) {
-    return c == ' ' || (c >= '\t' && c <= '\r');
-}
-
-}  // namespace
 
 KORVA_String::KORVA_String() : ZELByteBuffer(1, 128, 0) {}
 KORVA_String::~KORVA_String() = default;
@@ -17,16 +11,12 @@ KORVA_String::~KORVA_String() = default;
 void KORVA_String::trim() {
     if (m_length == 0) return;
     ZEL_ASSERT(m_pBuffer);
-    std::size_t first = 0;
-    while (first < m_length && isWhiteSpace(m_pBuffer[first]))
-        ++first;
-    if (first == m_length) {
+    const std::string_view rest = types::trimmed({m_pBuffer, m_length});
+    if (rest.empty()) {
         reset();
         return;
     }
-    std::size_t last = m_length;
-    while (isWhiteSpace(m_pBuffer[last - 1]))
-        --last;
-    truncate(last);
+    const auto first = static_cast<std::size_t>(rest.data() - m_pBuffer);
+    truncate(first + rest.size());
     chop(first);
 }

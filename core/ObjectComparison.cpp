@@ -93,14 +93,12 @@ private:
     }
 
     bool equalElement(ObjectType type, const void* left, const void* right) {
-        switch (type) {
-            case KORVASchemaTypeI::eInt:
-            case KORVASchemaTypeI::eInteger:
-                return *static_cast<const int*>(left) == *static_cast<const int*>(right);
-            case KORVASchemaTypeI::eBoolean:
-                return *static_cast<const bool*>(left) == *static_cast<const bool*>(right);
-            default: break;
-        }
+        bool equal = false;
+        if (types::visitValue(types::kindOf(type), [&](auto value) {
+                equal =
+                    types::valueAt<decltype(value)>(left) == types::valueAt<decltype(value)>(right);
+            }))
+            return equal;
         if (KORVASchemaTypesFactory::isString(type))
             return equalTexts(static_cast<const char*>(left), static_cast<const char*>(right));
         return postpone(static_cast<const KORVASchemaTypeI*>(left),
@@ -108,9 +106,6 @@ private:
     }
 
     bool equalField(const FieldDescriptor& field, const Record& left, const Record& right) {
-        if (hasNoValueFlag(field.kind) &&
-            load<bool>(left, field.flagOffset) != load<bool>(right, field.flagOffset))
-            return false;
         switch (field.kind) {
             case FieldKind::Object:
                 return postpone(load<const KORVASchemaTypeI*>(left, field.offset),
@@ -118,12 +113,6 @@ private:
             case FieldKind::Text:
                 return equalTexts(load<const char*>(left, field.offset),
                                   load<const char*>(right, field.offset));
-            case FieldKind::Boolean:
-                return load<bool>(left, field.offset) == load<bool>(right, field.offset);
-            case FieldKind::Int:
-                return load<int>(left, field.offset) == load<int>(right, field.offset);
-            case FieldKind::Float:
-                return load<float>(left, field.offset) == load<float>(right, field.offset);
             case FieldKind::Binary:
                 return equalBinaries(load<const KORVAXSBase64Binary*>(left, field.offset),
                                      load<const KORVAXSBase64Binary*>(right, field.offset));
@@ -131,8 +120,17 @@ private:
                 return equalElements(
                     *static_cast<const KORVA_ArrayObject*>(at(left, field.offset)),
                     *static_cast<const KORVA_ArrayObject*>(at(right, field.offset)));
+            default: return equalValues(field, left, right);
         }
-        return false;
+    }
+
+    static bool equalValues(const FieldDescriptor& field, const Record& left, const Record& right) {
+        bool equal = load<bool>(left, field.flagOffset) == load<bool>(right, field.flagOffset);
+        types::visitValue(field.kind, [&](auto value) {
+            using Value = decltype(value);
+            equal = equal && load<Value>(left, field.offset) == load<Value>(right, field.offset);
+        });
+        return equal;
     }
 
     std::vector<Pair> m_pending;

@@ -101,18 +101,6 @@ private:
                     target, field.offset,
                     copyText(load<const char*>(source, field.offset), TextCopy::Array, m_registry));
                 break;
-            case FieldKind::Boolean:
-                store(target, field.offset, load<bool>(source, field.offset));
-                store(target, field.flagOffset, load<bool>(source, field.flagOffset));
-                break;
-            case FieldKind::Int:
-                store(target, field.offset, load<int>(source, field.offset));
-                store(target, field.flagOffset, load<bool>(source, field.flagOffset));
-                break;
-            case FieldKind::Float:
-                store(target, field.offset, load<float>(source, field.offset));
-                store(target, field.flagOffset, load<bool>(source, field.flagOffset));
-                break;
             case FieldKind::Binary:
                 store(
                     target, field.offset,
@@ -122,6 +110,11 @@ private:
                 copyArray(*static_cast<const KORVA_ArrayObject*>(at(source, field.offset)),
                           *static_cast<KORVA_ArrayObject*>(at(target, field.offset)));
                 break;
+            default:
+                types::visitValue(field.kind, [&](auto value) {
+                    store(target, field.offset, load<decltype(value)>(source, field.offset));
+                });
+                store(target, field.flagOffset, load<bool>(source, field.flagOffset));
         }
     }
 

@@ -1,6 +1,6 @@
 // Texts that stand for numbers, compared with what the C library makes of them.
 #include "fuzz/Target.h"
-#include "soap/read/NativeText.h"
+#include "types/Numbers.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -10,13 +10,13 @@
 #include <string>
 
 void korva::fuzz::attack(std::string_view input) {
-    const std::string_view text = trimmed(input);
+    const std::string_view text = types::trimmed(input);
     std::string copy(text);
     std::replace(copy.begin(), copy.end(), 'D', 'E');
     std::replace(copy.begin(), copy.end(), 'd', 'e');
 
     float number = 0;
-    if (readFloat(text, number)) {
+    if (types::parse(text, number)) {
         require(std::isfinite(number), "a number is finite");
         require(number == static_cast<float>(std::strtod(copy.c_str(), nullptr)),
                 "a float is what it says");
@@ -25,12 +25,12 @@ void korva::fuzz::attack(std::string_view input) {
                 "only what is too large is refused");
     }
     int integer = 0;
-    if (readInt(text, integer)) {
+    if (types::parse(text, integer)) {
         errno = 0;
         const long long value = std::strtoll(copy.c_str(), nullptr, 10);
         require(integer == std::clamp<long long>(value, INT_MIN, INT_MAX),
                 "an integer is what it says");
     }
     bool flag = false;
-    require(!readBoolean(text, flag) || text.size() <= 5, "a boolean is one of six words");
+    require(!types::parse(text, flag) || text.size() <= 5, "a boolean is one of six words");
 }

@@ -34,11 +34,8 @@ const FieldDescriptor* findParameter(const MessageDescriptor& message, const cha
 }
 
 void clearValue(const korva::Record& record, const FieldDescriptor& parameter) {
-    switch (parameter.kind) {
-        case FieldKind::Boolean: korva::store(record, parameter.offset, false); break;
-        case FieldKind::Int: korva::store(record, parameter.offset, 0); break;
-        default: korva::store(record, parameter.offset, 0.0F); break;
-    }
+    types::visitValue(parameter.kind,
+                      [&](auto zero) { korva::store(record, parameter.offset, zero); });
     korva::store(record, parameter.flagOffset, true);
 }
 
@@ -111,14 +108,11 @@ void KORVA_MessageObject::setChildObject(const char* name, void* value, const Ob
             if (value != nullptr && !Factory::isBase64(type)) refuse();
             korva::store(*m_pPrivateData, parameter->offset, value);
             break;
-        case FieldKind::Boolean:
-        case FieldKind::Int:
-        case FieldKind::Float:
+        default:
             if (value == nullptr)
                 clearValue(*m_pPrivateData, *parameter);
             else if (!korva::storeValue(*m_pPrivateData, *parameter, value, type))
                 refuse();
             break;
-        case FieldKind::EmbeddedArray: break;  // an array is an Object here
     }
 }

@@ -91,13 +91,13 @@ constexpr FieldShape kEmbedded = {
 };
 
 constexpr std::array<FieldKindRow, 7> kRows = {{
-    {FieldKind::Object, "Object", "Object", "", "", "KORVA_ObjectArray<$type$>", kMadePointer},
-    {FieldKind::Text, "Text", "Text", "const char", "", "KORVA_TextArray", kPointer},
-    {FieldKind::Boolean, "Boolean", "Boolean", "bool", "false", "KORVA_BooleanArrayBase", kValue},
-    {FieldKind::Int, "Int", "Int", "int", "0", "KORVA_IntArrayBase", kValue},
-    {FieldKind::Float, "Float", "Float", "float", "0", "", kValue},
-    {FieldKind::Binary, "Binary", "Binary", "KORVAXSBase64Binary", "", "", kPointer},
-    {FieldKind::EmbeddedArray, "EmbeddedArray", "Array", "", "", "", kEmbedded},
+    {FieldKind::Object, "Object", "", "", "KORVA_ObjectArray<$type$>", kMadePointer},
+    {FieldKind::Text, "Text", "const char", "", "KORVA_TextArray", kPointer},
+    {FieldKind::Boolean, "Boolean", "bool", "false", "KORVA_BooleanArrayBase", kValue},
+    {FieldKind::Int, "Int", "int", "0", "KORVA_IntArrayBase", kValue},
+    {FieldKind::Float, "Float", "float", "0", "", kValue},
+    {FieldKind::Binary, "Binary", "KORVAXSBase64Binary", "", "", kPointer},
+    {FieldKind::EmbeddedArray, "EmbeddedArray", "", "", "", kEmbedded},
 }};
 
 }  // namespace

@@ -24,8 +24,7 @@ struct FieldShape {
 
 struct FieldKindRow {
     model::FieldKind kind;
-    std::string_view name;      ///< of korva::FieldKind
-    std::string_view tarnName;  ///< of tarn::FieldKind
+    std::string_view name;  ///< of the enumerator
     /// The type of a value, or what a pointer points at; empty for the class of the declared type.
     std::string_view type;
     std::string_view zero;   ///< what a value is at first

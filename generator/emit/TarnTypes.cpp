@@ -15,17 +15,6 @@ namespace {
 constexpr std::size_t kRowIndent = 4;
 constexpr std::string_view kPrefix = "bus:";
 
-std::string_view kindOf(TypeKind kind) {
-    switch (kind) {
-        case TypeKind::Class: return "Class";
-        case TypeKind::Property: return "Property";
-        case TypeKind::Array: return "Array";
-        case TypeKind::Enum: return "Enum";
-        case TypeKind::RestrictedString: return "RestrictedString";
-    }
-    return {};
-}
-
 // The rows of the tables, which refer to each other by their positions.
 class Tables {
 public:
@@ -59,7 +48,7 @@ private:
              {"slots", std::to_string(type.slots)},
              {"arrays", std::to_string(type.arrays)},
              {"base", base},
-             {"kind", kindOf(type.kind)},
+             {"kind", types::nameOf(type.kind)},
              {"abstract", type.isAbstract ? "true" : "false"},
              {"text", type.name}});
         m_names.print("\"$prefix$$name$\\0\"\n", {{"prefix", kPrefix}, {"name", type.name}});
@@ -76,7 +65,7 @@ private:
                            {{"crc", hex(field.identity)},
                             {"type", std::to_string(field.objectType)},
                             {"place", std::to_string(field.place)},
-                            {"kind", rowOf(field.kind).tarnName},
+                            {"kind", rowOf(field.kind).name},
                             {"text", type.name + '.' + field.name}});
         }
         m_fieldCount += type.fields.size();

@@ -1,7 +1,6 @@
 #include "generator/emit/Text.h"
 
 #include <algorithm>
-#include <array>
 
 namespace korva::schemac::emit {
 
@@ -98,12 +97,11 @@ std::string enumeratorValue(std::int32_t identity) {
 }
 
 std::string objectType(const model::TypeReference& reference) {
-    constexpr std::array<std::string_view, 11> kPlain = {
-        "e_Unknown", "eString",  "eInt",          "eInteger", "eDecimal", "eTime",
-        "eDateTime", "eBoolean", "eBase64Binary", "eFloat",   "eQName"};
-    std::string out = "KORVASchemaTypeI::";
-    if (reference.type != nullptr) return out.append("e").append(reference.type->className);
-    return out.append(kPlain[static_cast<std::size_t>(reference.plain)]);
+    std::string out = "KORVASchemaTypeI::e";
+    if (reference.type != nullptr) return out.append(reference.type->className);
+    const types::PlainRow* const plain =
+        types::findPlain(static_cast<std::int32_t>(reference.plain));
+    return out.append(plain != nullptr ? plain->name : "_Unknown");
 }
 
 std::string filled(const std::vector<std::string>& items, std::size_t indent) {

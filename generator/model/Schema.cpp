@@ -1,17 +1,8 @@
 #include "generator/model/Schema.h"
 
 #include <algorithm>
-#include <array>
 
 namespace korva::schemac::model {
-
-namespace {
-
-constexpr std::array<std::string_view, 11> kPlainTypes = {
-    "",         "string",  "int",          "integer", "decimal", "time",
-    "dateTime", "boolean", "base64Binary", "float",   "QName"};
-
-}  // namespace
 
 bool Type::isA(const Type& other) const {
     for (const Type* type = this; type != nullptr; type = type->baseType()) {
@@ -46,13 +37,6 @@ std::string hexOf(std::int32_t identity) {
         out.push_back(digits[(static_cast<std::uint32_t>(identity) >> shift) & 0xF]);
     }
     return out;
-}
-
-PlainType plainTypeOf(std::string_view localName) {
-    for (std::size_t i = 1; i < kPlainTypes.size(); ++i) {
-        if (kPlainTypes[i] == localName) return static_cast<PlainType>(i);
-    }
-    return PlainType::None;
 }
 
 }  // namespace korva::schemac::model

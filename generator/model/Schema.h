@@ -2,6 +2,8 @@
 #pragma once
 
 #include "generator/model/Location.h"
+#include "types/Kinds.h"
+#include "types/PlainTypes.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -15,27 +17,12 @@
 
 namespace korva::schemac::model {
 
-/// The plain types of the wire; the numbers are their object types.
-enum class PlainType : std::int32_t {
-    None = 0,
-    String = 1,
-    Int = 2,
-    Integer = 3,
-    Decimal = 4,
-    Time = 5,
-    DateTime = 6,
-    Boolean = 7,
-    Base64Binary = 8,
-    Float = 9,
-    QName = 10,
-};
+using types::PlainType;
+using types::TypeKind;
 
-/// The five generated families.
-enum class TypeKind { Class, Property, Array, Enum, RestrictedString };
-
-/// How a field is kept and which accessors it gets. A parameter of a message is never an
+/// How a field is kept, and so which accessors it gets. A parameter of a message is never an
 /// EmbeddedArray: its arrays are kept by pointer, as Object.
-enum class FieldKind { Object, Text, Boolean, Int, Float, Binary, EmbeddedArray };
+using types::FieldKind;
 
 /// How many units each family is spread over. The build lists the units, so a number changes here
 /// and there at once.
@@ -278,8 +265,5 @@ struct Schema {
 
 /// "0x5A3811FB", an identity as an unsigned number.
 std::string hexOf(std::int32_t identity);
-
-/// The plain type of a local name such as "string", or PlainType::None.
-PlainType plainTypeOf(std::string_view localName);
 
 }  // namespace korva::schemac::model

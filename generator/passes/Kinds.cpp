@@ -10,20 +10,7 @@ constexpr std::string_view kPropertyRoot = "baseProp";
 constexpr std::string_view kPropertyValue = "value";
 
 FieldKind kindOf(const TypeReference& reference) {
-    switch (reference.plain) {
-        case PlainType::Boolean: return FieldKind::Boolean;
-        case PlainType::Int:
-        case PlainType::Integer: return FieldKind::Int;
-        case PlainType::Float:
-        case PlainType::Decimal: return FieldKind::Float;
-        case PlainType::Base64Binary: return FieldKind::Binary;
-        case PlainType::String:
-        case PlainType::Time:
-        case PlainType::DateTime:
-        case PlainType::QName: return FieldKind::Text;
-        case PlainType::None: break;
-    }
-    return FieldKind::Object;
+    return types::kindOf(static_cast<std::int32_t>(reference.plain));
 }
 
 void decideTypeKind(Type& type, const Type* propertyRoot, Diagnostics& diagnostics) {

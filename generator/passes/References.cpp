@@ -2,6 +2,7 @@
 #include "generator/reader/Reading.h"
 
 #include <algorithm>
+#include <iterator>
 #include <set>
 
 namespace korva::schemac::passes {
@@ -10,9 +11,15 @@ using namespace model;
 
 namespace {
 
-constexpr std::string_view kPlainTypes =
-    "xs:string, xs:int, xs:integer, xs:decimal, xs:time, xs:dateTime, xs:boolean, "
-    "xs:base64Binary, xs:float or xs:QName";
+// "xs:string, xs:int or xs:QName", all of them.
+std::string plainTypes() {
+    std::string out;
+    for (const types::PlainRow& row : types::plainRows) {
+        if (&row != types::plainRows) out += &row == std::end(types::plainRows) - 1 ? " or " : ", ";
+        out += row.text;
+    }
+    return out;
+}
 
 class Resolver {
 public:
@@ -22,18 +29,19 @@ public:
     void resolve(TypeReference& reference, const std::string& owner) {
         if (reference.uri.empty()) return;  // the reader has told what is wrong
         if (reference.uri == reading::kXsd) {
-            reference.plain = plainTypeOf(reference.name);
-            if (reference.plain == PlainType::None) {
+            if (const types::PlainRow* const row = types::findPlain(reference.name)) {
+                reference.plain = row->type;
+            } else {
                 m_diagnostics.error(reference.at, owner,
                                     "unsupported plain type " + inQuotes(reference.text),
-                                    std::string("one of ").append(kPlainTypes));
+                                    "one of " + plainTypes());
             }
             return;
         }
         if (reference.uri == m_schema.uri) reference.type = m_schema.find(reference.name);
         if (reference.type == nullptr) {
             m_diagnostics.error(reference.at, owner, "unknown type " + inQuotes(reference.text),
-                                "a type of the schema, or one of " + std::string(kPlainTypes));
+                                "a type of the schema, or one of " + plainTypes());
         }
     }
 

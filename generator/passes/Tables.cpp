@@ -1,4 +1,5 @@
 #include "generator/passes/Passes.h"
+#include "types/Lookup.h"
 
 #include <bit>
 
@@ -8,30 +9,22 @@ using namespace model;
 
 namespace {
 
-// The library looks at as many top bits of an identity; what is made checks that.
-constexpr unsigned kTypeIndexBits = 10;
-constexpr unsigned kWordIndexBits = 12;
-
 // A power of two of entries, more than half of them free.
 std::vector<std::size_t> hashTable(const std::vector<Field>& fields) {
     std::vector<std::size_t> entries(std::bit_ceil(2 * fields.size() + 1));
-    for (std::size_t position = 0; position < fields.size(); ++position) {
-        std::size_t i = unsignedIdentity(fields[position].identity);
-        while (entries[i % entries.size()] != 0)
-            ++i;
-        entries[i % entries.size()] = position + 1;
-    }
+    for (std::size_t position = 0; position < fields.size(); ++position)
+        types::enterHashed(entries, unsignedIdentity(fields[position].identity), position);
     return entries;
 }
 
 class IndexBuilder {
 public:
     explicit IndexBuilder(unsigned bits) : m_index{bits, {}} {
-        m_index.starts.resize((std::size_t{1} << bits) + 1);
+        m_index.starts.resize(types::indexSize(bits));
     }
 
     void count(std::int32_t identity) {
-        ++m_index.starts[(unsignedIdentity(identity) >> (32 - m_index.bits)) + 1];
+        ++m_index.starts[types::topBits(unsignedIdentity(identity), m_index.bits) + 1];
     }
 
     TopBitsIndex take() {
@@ -50,14 +43,14 @@ private:
 void decideTables(Schema& schema) {
     for (Type& type : schema.types)
         type.hashes = hashTable(type.fields);
-    IndexBuilder types(kTypeIndexBits);
+    IndexBuilder typeIndex(types::typeIndexBits);
     for (const Type* type : schema.byIdentity)
-        types.count(type->identity);
-    schema.typeIndex = types.take();
-    IndexBuilder words(kWordIndexBits);
+        typeIndex.count(type->identity);
+    schema.typeIndex = typeIndex.take();
+    IndexBuilder wordIndex(types::wordIndexBits);
     for (const TableWord& word : schema.words)
-        words.count(word.identity);
-    schema.wordIndex = words.take();
+        wordIndex.count(word.identity);
+    schema.wordIndex = wordIndex.take();
 }
 
 }  // namespace korva::schemac::passes

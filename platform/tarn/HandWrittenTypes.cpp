@@ -37,7 +37,7 @@ constexpr std::int32_t fault = TARNSchemaTypeI::eTARNSOAPFault;
 constexpr FieldRow handFields[] = {
     {crc("severity"), text, 0, FieldKind::Text},
     {crc("errorCode"), text, 1, FieldKind::Text},
-    {crc("message"), identity("messageArray"), 0, FieldKind::Array},
+    {crc("message"), identity("messageArray"), 0, FieldKind::EmbeddedArray},
     {crc(TARNSOAPFault::faultCodeName), text, 0, FieldKind::Text},
     {crc(TARNSOAPFault::faultStringName), text, 1, FieldKind::Text},
     {crc(TARNSOAPFault::faultActorName), text, 2, FieldKind::Text},

@@ -1,60 +1,42 @@
 #include "tarn/Slot.h"
 
-#include <zel/ZELByteBuffer.h>
+#include "types/Numbers.h"
+#include "types/PlainTypes.h"
 
-#include <limits>
+#include <zel/ZELByteBuffer.h>
 
 namespace tarn {
 
 namespace {
 
-using Type = TARNSchemaTypeI;
-
-bool isInteger(Type::ObjectType type) {
-    return type == Type::eInt || type == Type::eInteger;
+void put(int value, Slot::Value& to) {
+    to.integer = value;
 }
-
-bool isReal(Type::ObjectType type) {
-    return type == Type::eFloat || type == Type::eDecimal;
+void put(float value, Slot::Value& to) {
+    to.real = value;
 }
-
-int saturated(double value) {
-    constexpr double greatest = std::numeric_limits<int>::max();
-    constexpr double least = std::numeric_limits<int>::min();
-    if (value != value) return 0;
-    return static_cast<int>(value < least ? least : value > greatest ? greatest : value);
+void put(bool value, Slot::Value& to) {
+    to.flag = value;
 }
 
 }  // namespace
 
-bool readValue(const void* from, Type::ObjectType type, Slot& to, Type::ObjectType declared) {
-    // A double holds each value of the three types.
-    double value = 0;
-    if (isInteger(type))
-        value = *static_cast<const int*>(from);
-    else if (isReal(type))
-        value = *static_cast<const float*>(from);
-    else if (type == Type::eBoolean)
-        value = *static_cast<const bool*>(from) ? 1 : 0;
-    else
-        return false;
-
-    Slot::Value result{};
-    result.isPresent = true;
-    if (isInteger(declared))
-        result.integer = saturated(value);
-    else if (isReal(declared))
-        result.real = static_cast<float>(value);
-    else if (declared == Type::eBoolean)
-        result.flag = value != 0;
-    else
-        return false;
-    to.value = result;
-    return true;
+bool readValue(const void* from, TARNSchemaTypeI::ObjectType type, Slot& to,
+               TARNSchemaTypeI::ObjectType declared) {
+    bool fits = false;
+    types::visitValue(types::kindOf(declared), [&](auto value) {
+        fits = types::readAs(from, types::kindOf(type), value);
+        if (!fits) return;
+        Slot::Value result{};
+        result.isPresent = true;
+        put(value, result);
+        to.value = result;
+    });
+    return fits;
 }
 
-void* textOf(void* value, Type::ObjectType type) {
-    if (type == Type::eCharStreamable) return value;
+void* textOf(void* value, TARNSchemaTypeI::ObjectType type) {
+    if (type == TARNSchemaTypeI::eCharStreamable) return value;
     return const_cast<char*>(static_cast<const ZELByteBuffer*>(value)->str());
 }
 

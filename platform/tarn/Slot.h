@@ -14,6 +14,9 @@ union Slot {
             bool flag;
         };
         bool isPresent;
+
+        /// The address of the value, whichever it is.
+        void* place() { return &integer; }
     };
 
     void* pointer;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "tarn/TableVersion.h"
+#include "types/Lookup.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -9,7 +10,7 @@
 namespace tarn {
 
 /// How many of a CRC's top bits `symbolIndex` is indexed by.
-inline constexpr unsigned symbolIndexBits = 12;
+inline constexpr unsigned symbolIndexBits = types::wordIndexBits;
 
 /// What stands before each text. No text of the schema contains this byte, so a pointer behind it
 /// is the start of a text.
@@ -21,6 +22,6 @@ extern const std::uint32_t symbolCrcs[];     ///< ascending
 extern const std::uint32_t symbolOffsets[];  ///< of the texts in `symbolTexts`
 extern const std::size_t symbolCount;
 /// The first position for each value of the CRC's top bits, and the end.
-extern const std::uint16_t symbolIndex[(1U << symbolIndexBits) + 1];
+extern const std::uint16_t symbolIndex[types::indexSize(symbolIndexBits)];
 
 }  // namespace tarn

@@ -1,5 +1,8 @@
 #include "tarn/TARNSchemaTypeI.h"
 
+#include "types/Numbers.h"
+#include "types/PlainTypes.h"
+
 #include <tarn/TARNBase64Binary.h>
 #include <tarn/TARNSOAPFault.h>
 #include <tarn/TARNSchemaTypesFactory.h>
@@ -68,23 +71,17 @@ private:
     bool equalValues(const void* left, const void* right, TARNSchemaTypeI::ObjectType type) {
         if (Factory::isString(type))
             return equalTexts(static_cast<const char*>(left), static_cast<const char*>(right));
-        switch (type) {
-            case TARNSchemaTypeI::eInt:
-            case TARNSchemaTypeI::eInteger:
-                return *static_cast<const int*>(left) == *static_cast<const int*>(right);
-            case TARNSchemaTypeI::eDecimal:
-            case TARNSchemaTypeI::eFloat:
-                return *static_cast<const float*>(left) == *static_cast<const float*>(right);
-            case TARNSchemaTypeI::eBoolean:
-                return *static_cast<const bool*>(left) == *static_cast<const bool*>(right);
-            case TARNSchemaTypeI::eBase64Binary:
-                return static_cast<const TARNBase64Binary*>(left)->isEqualTo(
-                    *static_cast<const TARNBase64Binary*>(right));
-            default:
-                m_pending.push_back({static_cast<const TARNSchemaTypeI*>(left),
-                                     static_cast<const TARNSchemaTypeI*>(right)});
-                return true;
-        }
+        if (type == TARNSchemaTypeI::eBase64Binary)
+            return static_cast<const TARNBase64Binary*>(left)->isEqualTo(
+                *static_cast<const TARNBase64Binary*>(right));
+        bool equal = true;
+        if (!types::visitValue(types::kindOf(type), [&](auto value) {
+                using Value = decltype(value);
+                equal = types::valueAt<Value>(left) == types::valueAt<Value>(right);
+            }))
+            m_pending.push_back({static_cast<const TARNSchemaTypeI*>(left),
+                                 static_cast<const TARNSchemaTypeI*>(right)});
+        return equal;
     }
 
     std::vector<Pair> m_pending;

@@ -3,22 +3,27 @@
 #include "tarn/TextObject.h"
 #include "tarn/TypeErrors.h"
 #include "tarn/TypeTable.h"
+#include "types/PlainTypes.h"
 
 #include <tarn/TARN_ArrayObject.h>
 #include <tarn/TARN_ClassObject.h>
 #include <zel/ZELFrame.h>
 
 #include <cstring>
+#include <string_view>
+
+// What is published of the plain types agrees with their one list.
+#define KORVA_PIN(number, name, wireName, kind)                                        \
+    static_assert(TARNSchemaTypeI::e##name == number);                                 \
+    static_assert(!TARNSchemaTypesFactory::isGeneratedType(TARNSchemaTypeI::e##name)); \
+    static_assert(TARNSchemaTypesFactory::isString(TARNSchemaTypeI::e##name) ==        \
+                  (types::FieldKind::kind == types::FieldKind::Text));
+KORVA_PLAIN_TYPES(KORVA_PIN)
+#undef KORVA_PIN
 
 namespace {
 
-constexpr std::size_t prefixLength = sizeof "xs:" - 1;
 constexpr std::size_t busPrefixLength = sizeof "bus:" - 1;
-
-/// In the order of ObjectType.
-constexpr const char* plainNames[] = {"_unknown",        "xs:string", "xs:int",      "xs:integer",
-                                      "xs:decimal",      "xs:time",   "xs:dateTime", "xs:boolean",
-                                      "xs:base64Binary", "xs:float",  "xs:QName"};
 
 }  // namespace
 
@@ -55,15 +60,13 @@ TARNSchemaTypeI::ObjectType TARNSchemaTypesFactory::stringToObjectType(const cha
     const tarn::TypeRow* const row = tarn::findType(type);
     if (row != nullptr && std::strcmp(tarn::xsiName(*row) + busPrefixLength, text) == 0)
         return type;
-    for (int plain = TARNSchemaTypeI::eString; plain <= TARNSchemaTypeI::eQName; ++plain)
-        if (std::strcmp(plainNames[plain] + prefixLength, text) == 0)
-            return static_cast<ObjectType>(plain);
-    return TARNSchemaTypeI::e_Unknown;
+    const types::PlainRow* const plain = types::findPlain(std::string_view(text));
+    return plain != nullptr ? static_cast<ObjectType>(plain->type) : TARNSchemaTypeI::e_Unknown;
 }
 
 const char* TARNSchemaTypesFactory::objectTypeToXSIType(ObjectType type) const {
-    if (type >= TARNSchemaTypeI::e_Unknown && type <= TARNSchemaTypeI::eQName)
-        return plainNames[type];
+    if (type == TARNSchemaTypeI::e_Unknown) return types::unknownText;
+    if (const types::PlainRow* const plain = types::findPlain(type)) return plain->text.data();
     const tarn::TypeRow* const row = tarn::findType(type);
     return row != nullptr ? tarn::xsiName(*row) : nullptr;
 }

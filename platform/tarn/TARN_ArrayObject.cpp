@@ -3,6 +3,7 @@
 #include "tarn/Slot.h"
 #include "tarn/TypeErrors.h"
 #include "tarn/TypeTable.h"
+#include "types/PlainTypes.h"
 
 #include <tarn/TARNSchemaTypesFactory.h>
 #include <tarn/TARNUndocumentedFaultDetailArray.h>
@@ -64,12 +65,7 @@ std::size_t TARN_ArrayObject::setChildObject(const char* name, void* value, cons
 
 void* TARN_ArrayObject::element(std::size_t position) const {
     auto& slot = const_cast<Slot&>(m_elements[position]);
-    switch (m_type.elementType) {
-        case eInt:
-        case eInteger: return &slot.value.integer;
-        case eBoolean: return &slot.value.flag;
-        default: return slot.pointer;
-    }
+    return types::isValue(types::kindOf(m_type.elementType)) ? slot.value.place() : slot.pointer;
 }
 
 void* TARN_ArrayObject::getChildObject(const char* name, bool) {

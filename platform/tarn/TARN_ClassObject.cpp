@@ -57,7 +57,7 @@ TARN_ClassObject::TARN_ClassObject(const TypeRow& type) : m_type(type) {
     for (const TypeRow* level = &type; level != nullptr; level = tarn::baseOf(*level)) {
         const FieldRow* const fields = tarn::fieldsOf(*level);
         for (std::size_t i = 0; i < level->fieldCount; ++i) {
-            if (fields[i].kind != FieldKind::Array) continue;
+            if (fields[i].kind != FieldKind::EmbeddedArray) continue;
             const TypeRow* const array = tarn::findType(static_cast<ObjectType>(fields[i].type));
             ::new (static_cast<void*>(arrays() + fields[i].place)) TARN_ArrayObject(*array);
         }
@@ -89,28 +89,15 @@ TARN_ArrayObject* TARN_ClassObject::arrays() const {
 }
 
 void* TARN_ClassObject::read(const FieldRow& field) const {
-    switch (field.kind) {
-        case FieldKind::Array: return arrays() + field.place;
-        case FieldKind::Boolean: {
-            Slot::Value& value = slot(field).value;
-            return value.isPresent ? &value.flag : nullptr;
-        }
-        case FieldKind::Int: {
-            Slot::Value& value = slot(field).value;
-            return value.isPresent ? &value.integer : nullptr;
-        }
-        case FieldKind::Float: {
-            Slot::Value& value = slot(field).value;
-            return value.isPresent ? &value.real : nullptr;
-        }
-        default: return slot(field).pointer;
-    }
+    if (field.kind == FieldKind::EmbeddedArray) return arrays() + field.place;
+    Slot& own = slot(field);
+    if (!types::isValue(field.kind)) return own.pointer;
+    return own.value.isPresent ? own.value.place() : nullptr;
 }
 
 void* TARN_ClassObject::write(const FieldRow& field) {
     Slot& own = slot(field);
-    if (field.kind == FieldKind::Boolean || field.kind == FieldKind::Int ||
-        field.kind == FieldKind::Float) {
+    if (types::isValue(field.kind)) {
         own.value.isPresent = true;
     } else if (tarn::isArrayPointer(field.kind) && own.pointer == nullptr) {
         // What the object made itself stands in the slot behind; it may have been set aside.
@@ -152,10 +139,8 @@ std::size_t TARN_ClassObject::setChildObject(const char* name, void* value, cons
             fits = type == eBase64Binary;
             if (fits) slot(*field).pointer = value;
             break;
-        case FieldKind::Boolean:
-        case FieldKind::Int:
-        case FieldKind::Float: fits = tarn::readValue(value, type, slot(*field), declared); break;
-        case FieldKind::Array: tarn::arrayCannotBeSet(m_type, name);
+        case FieldKind::EmbeddedArray: tarn::arrayCannotBeSet(m_type, name);
+        default: fits = tarn::readValue(value, type, slot(*field), declared);
     }
     if (!fits) tarn::childDoesNotFit(m_type, name, declared, type);
     return 0;

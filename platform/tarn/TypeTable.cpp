@@ -17,25 +17,16 @@ const FieldRow* findOwnField(const TypeRow& type, std::uint32_t crc) {
             if (own[i].crc == crc) return own + i;
         return nullptr;
     }
-    const std::uint16_t* const table = hashes + type.firstHash;
-    for (std::uint32_t i = crc;; ++i) {
-        const std::uint16_t entry = table[i & type.hashMask];
-        if (entry == 0) return nullptr;
-        const FieldRow& field = own[entry - 1];
-        if (field.crc == crc) return &field;
-    }
+    return types::findHashed(own, hashes + type.firstHash, type.hashMask, crc);
 }
 
 }  // namespace
 
 const TypeRow* findType(ObjectType type) {
-    const auto crc = static_cast<std::uint32_t>(type);
-    const std::uint32_t bucket = crc >> (32U - typeIndexBits);
-    const TypeRow* row = types + typeIndex[bucket];
-    const TypeRow* const end = types + typeIndex[bucket + 1];
-    for (; row != end; ++row)
-        if (row->identity == type) return row;
-    return findHandWrittenType(type);
+    const std::size_t position = types::findIndexed<typeIndexBits>(
+        typeIndex, static_cast<std::uint32_t>(type),
+        [](std::size_t i) { return static_cast<std::uint32_t>(types[i].identity); });
+    return position != types::notFound ? types + position : findHandWrittenType(type);
 }
 
 const TypeRow* baseOf(const TypeRow& type) {

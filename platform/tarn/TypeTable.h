@@ -3,6 +3,8 @@
 #pragma once
 
 #include "tarn/TableVersion.h"
+#include "types/Kinds.h"
+#include "types/Lookup.h"
 
 #include <tarn/TARNSchemaTypeI.h>
 
@@ -14,19 +16,8 @@ namespace tarn {
 
 using ObjectType = TARNSchemaTypeI::ObjectType;
 
-enum class TypeKind : std::uint8_t { Class, Property, Array, Enum, RestrictedString };
-
-enum class FieldKind : std::uint8_t {
-    Object,         ///< pointer to a TARNSchemaTypeI
-    Text,           ///< const char*
-    Binary,         ///< pointer to a TARNBase64Binary
-    Boolean,        ///< bool, or no value
-    Int,            ///< int, or no value
-    Float,          ///< float, or no value
-    Array,          ///< an array inside the object
-    OptionalArray,  ///< pointer to an array, and behind it one to the array that the object made
-    UnlistedArray   ///< the same, and not among the names of the children
-};
+using types::FieldKind;
+using types::TypeKind;
 
 constexpr bool isArrayPointer(FieldKind kind) {
     return kind >= FieldKind::OptionalArray;
@@ -58,11 +49,11 @@ struct TypeRow {
 };
 
 /// How many of an identity's top bits `typeIndex` is indexed by.
-inline constexpr unsigned typeIndexBits = 10;
+using types::typeIndexBits;
 
 extern const TypeRow types[];  ///< ascending by identity as unsigned number
 /// The first position for each value of the top bits, and the end.
-extern const std::uint16_t typeIndex[(1U << typeIndexBits) + 1];
+extern const std::uint16_t typeIndex[types::indexSize(typeIndexBits)];
 extern const FieldRow fields[];
 /// Of each type: positions of own fields plus one; 0 is free.
 extern const std::uint16_t hashes[];

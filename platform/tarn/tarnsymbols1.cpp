@@ -5,11 +5,10 @@
 #include <functional>
 
 const char* tarnsymbols1::getChar(std::uint32_t crc) {
-    const std::uint32_t bucket = crc >> (32U - tarn::symbolIndexBits);
-    const std::uint16_t end = tarn::symbolIndex[bucket + 1];
-    for (std::uint16_t i = tarn::symbolIndex[bucket]; i != end; ++i)
-        if (tarn::symbolCrcs[i] == crc) return tarn::symbolTexts + tarn::symbolOffsets[i];
-    return nullptr;
+    const std::size_t position = types::findIndexed<tarn::symbolIndexBits>(
+        tarn::symbolIndex, crc, [](std::size_t i) { return tarn::symbolCrcs[i]; });
+    return position != types::notFound ? tarn::symbolTexts + tarn::symbolOffsets[position]
+                                       : nullptr;
 }
 
 bool tarnsymbols1::findCrc(const char* text, std::uint32_t& crc) {

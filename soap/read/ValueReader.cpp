@@ -4,9 +4,10 @@
 #include "core/Names.h"
 #include "core/NumberedError.h"
 #include "soap/attachments/AttachedValue.h"
-#include "soap/read/NativeText.h"
 #include "soap/read/ReadingContext.h"
 #include "soap/read/TypeAttributes.h"
+#include "types/Numbers.h"
+#include "types/PlainTypes.h"
 
 #include <brim/BRIMBase64InputStream.h>
 #include <brim/BRIMInputStream.h>
@@ -282,7 +283,7 @@ void ValueReader::startFieldOf(const FieldDescriptor& field, Record& record, con
         push(Kind::Items, name, field.type, present);
         return;
     }
-    if (hasNoValueFlag(field.kind)) {
+    if (types::isValue(field.kind)) {
         push(Kind::Number, name, field.type, readField(record, field, true));
         return;
     }
@@ -364,12 +365,10 @@ KORVASchemaTypeI* ValueReader::makeObject(ObjectType type) {
 
 /// A number that the registry owns: a root has no parent that holds it.
 void* ValueReader::makeNumberOfRoot(ObjectType type) {
-    switch (type) {
-        case KORVASchemaTypeI::eInt:
-        case KORVASchemaTypeI::eInteger: return m_context.registry->make<int>();
-        case KORVASchemaTypeI::eBoolean: return m_context.registry->make<bool>();
-        default: return m_context.registry->make<float>();
-    }
+    void* number = nullptr;
+    types::visitValue(types::kindOf(type),
+                      [&](auto value) { number = m_context.registry->make<decltype(value)>(); });
+    return number;
 }
 
 // ----- ends of elements -----
@@ -488,35 +487,26 @@ KORVA_String* ValueReader::takeText() {
 
 /// @param place of the number, or null if nobody asks for it
 void ValueReader::makeNumber(const Frame& frame, void* place) {
-    const std::string_view text = trimmed({m_context.text.str(), m_context.text.pcount()});
-    const auto make = [&](auto read, auto value, const char* typeName) {
-        if (!read(text, value))
-            raise({{eKORVA_BadText, {frame.name, typeName}},
+    const std::string_view text = types::trimmed({m_context.text.str(), m_context.text.pcount()});
+    types::visitValue(types::kindOf(frame.type), [&](auto value) {
+        using Value = decltype(value);
+        if (!types::parse(text, value))
+            raise({{eKORVA_BadText, {frame.name, types::valueName<Value>}},
                    {eKORVA_BadTextIs, {std::string(text).c_str()}}},
                   ZEL_LOCATION, charactersLabel);
-        if (place != nullptr) *static_cast<decltype(value)*>(place) = value;
-    };
-    switch (frame.type) {
-        case KORVASchemaTypeI::eInt:
-        case KORVASchemaTypeI::eInteger: make(readInt, 0, "int"); break;
-        case KORVASchemaTypeI::eBoolean: make(readBoolean, false, "boolean"); break;
-        default: make(readFloat, 0.0F, "float"); break;
-    }
+        if (place != nullptr) *static_cast<Value*>(place) = value;
+    });
     m_context.text.reset();
 }
 
 /// A number that an array copies.
 std::size_t ValueReader::setNumber(KORVASchemaTypeI& parent, const Frame& child) {
-    const auto set = [&](auto value) {
+    std::size_t position = 0;
+    types::visitValue(types::kindOf(child.type), [&](auto value) {
         makeNumber(child, &value);
-        return parent.setChildObject(child.name, &value, child.type, nullptr);
-    };
-    switch (child.type) {
-        case KORVASchemaTypeI::eInt:
-        case KORVASchemaTypeI::eInteger: return set(0);
-        case KORVASchemaTypeI::eBoolean: return set(false);
-        default: return set(0.0F);
-    }
+        position = parent.setChildObject(child.name, &value, child.type, nullptr);
+    });
+    return position;
 }
 
 /// Decodes what has come of a large binary, so that its text is never there as a whole.

@@ -6,6 +6,8 @@
 #include "core/CycleCheck.h"
 #include "core/Descriptor.h"
 #include "soap/write/InvalidText.h"
+#include "types/Numbers.h"
+#include "types/PlainTypes.h"
 
 #include <i18n/KORVAI18NRes.h>
 #include <korva/KORVASchemaTypeArrayI.h>
@@ -18,7 +20,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
-#include <limits>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -114,11 +115,6 @@ private:
     /// How many names of a path are told at either end of it.
     static constexpr std::size_t toldNames = 32;
 
-    /// The longest text of an int.
-    static constexpr std::size_t maxIntText = std::numeric_limits<int>::digits10 + 2;
-    /// The longest text of a float with two decimals and a blank: "-340282346638...0.00 ".
-    static constexpr std::size_t maxFloatText = std::numeric_limits<float>::max_exponent10 + 7;
-
     static const KORVASchemaTypeI& asObject(const void* object) {
         return *static_cast<const KORVASchemaTypeI*>(object);
     }
@@ -185,45 +181,25 @@ void ObjectEvents<Sink>::writeArrayType(const char* elementType, const void* arr
 template <class Sink>
 void ObjectEvents<Sink>::writeValue(const Element& element) {
     const ObjectType objType = element.type;
-    char digits[maxFloatText];
     m_leaf = &element.name;
-    switch (objType) {
-        case KORVASchemaTypeI::eString:
-        case KORVASchemaTypeI::eTime:
-        case KORVASchemaTypeI::eDateTime:
-        case KORVASchemaTypeI::eQName: writeText(static_cast<const char*>(element.object)); break;
-        case KORVASchemaTypeI::eInt:
-        case KORVASchemaTypeI::eInteger: {
-            const auto result = std::to_chars(digits, digits + maxIntText,
-                                              *static_cast<const int*>(element.object));
-            m_sink.openText();
-            m_sink.value({digits, result.ptr});
-            break;
-        }
-        case KORVASchemaTypeI::eDecimal:
-        case KORVASchemaTypeI::eFloat: {
-            const double value = *static_cast<const float*>(element.object);
-            char* const end = std::to_chars(digits, digits + sizeof digits - 1, value,
-                                            std::chars_format::fixed, 2)
-                                  .ptr;
-            *end = ' ';
-            m_sink.openText();
-            m_sink.value({digits, end + 1});
-            break;
-        }
-        case KORVASchemaTypeI::eBoolean:
-            m_sink.openText();
-            // Any byte but zero is true, whatever wrote it.
-            m_sink.value(*static_cast<const unsigned char*>(element.object) != 0 ? "true"
-                                                                                 : "false");
-            break;
-        case KORVASchemaTypeI::eBase64Binary:
+    const FieldKind kind = types::kindOf(objType);
+    switch (kind) {
+        case FieldKind::Text: writeText(static_cast<const char*>(element.object)); break;
+        case FieldKind::Binary:
             writeBinary(*static_cast<const KORVAXSBase64Binary*>(element.object));
             break;
-        default:
+        case FieldKind::Object:
             // clang-format off
             ZEL_ASSERT_NAMED(KORVASchemaTypesFactory::getInstance().isGeneratedType( objType ), "Only generated object types can be serialized at this point.");
             // clang-format on
+            break;
+        default:
+            types::visitValue(kind, [&](auto value) {
+                types::ValueText text;
+                value = types::valueAt<decltype(value)>(element.object);
+                m_sink.openText();
+                m_sink.value(types::print(value, text));
+            });
     }
     m_sink.endElement(element.name, m_frames.size(), false);
     m_leaf = nullptr;

@@ -24,20 +24,22 @@ public:
     KORVASchemaTypesFactory& operator=(const KORVASchemaTypesFactory&) = delete;
 
     /// Whether `type` is none of the plain types 1 to 11.
-    static bool isGeneratedType(ObjectType type) {
+    static constexpr bool isGeneratedType(ObjectType type) {
         return type < KORVASchemaTypeI::eString || type > KORVASchemaTypeI::eCharStreamable;
     }
 
     /// Whether values of `type` are kept as text: eString, eTime, eDateTime, eQName,
     /// eCharStreamable.
-    static bool isString(ObjectType type) {
+    static constexpr bool isString(ObjectType type) {
         return type == KORVASchemaTypeI::eString || type == KORVASchemaTypeI::eTime ||
                type == KORVASchemaTypeI::eDateTime || type == KORVASchemaTypeI::eQName ||
                type == KORVASchemaTypeI::eCharStreamable;
     }
 
     /// Whether `type` is eBase64Binary.
-    static bool isBase64(ObjectType type) { return type == KORVASchemaTypeI::eBase64Binary; }
+    static constexpr bool isBase64(ObjectType type) {
+        return type == KORVASchemaTypeI::eBase64Binary;
+    }
 
     /// Whether `type` is the identity of an array of the schema.
     static bool isArrayType(ObjectType type);

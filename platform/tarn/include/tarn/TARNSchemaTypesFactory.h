@@ -22,14 +22,14 @@ public:
     }
 
     /// Whether `type` is none of the plain types and no char streamable.
-    static bool isGeneratedType(ObjectType type) {
+    static constexpr bool isGeneratedType(ObjectType type) {
         return (type < TARNSchemaTypeI::eString || type > TARNSchemaTypeI::eQName) &&
                type != TARNSchemaTypeI::eCharStreamable && type != TARNSchemaTypeI::eTARNReserved;
     }
 
     /// Whether values of `type` are kept as text: eString, eTime, eDateTime, eQName,
     /// eCharStreamable.
-    static bool isString(ObjectType type) {
+    static constexpr bool isString(ObjectType type) {
         return type == TARNSchemaTypeI::eString || type == TARNSchemaTypeI::eTime ||
                type == TARNSchemaTypeI::eDateTime || type == TARNSchemaTypeI::eQName ||
                type == TARNSchemaTypeI::eCharStreamable;

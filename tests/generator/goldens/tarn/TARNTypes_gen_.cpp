@@ -72,19 +72,19 @@ constinit const std::uint16_t typeIndex[] = {
 
 constinit const FieldRow fields[] = {
     {0x1B5D30CCU, 459092172, 0, FieldKind::Object}, // baseProp.schemaInfo
-    {0x1D775834U, -1971073333, 0, FieldKind::Array}, // stringArrayProp.value
+    {0x1D775834U, -1971073333, 0, FieldKind::EmbeddedArray}, // stringArrayProp.value
     {0x06692B54U, -2086189760, 2, FieldKind::Object}, // account.access
     {0x4B1EFC02U, 7, 3, FieldKind::Boolean}, // account.active
     {0x44E33BA2U, 6, 4, FieldKind::Text}, // account.born
     {0xED4B199FU, 10, 5, FieldKind::Text}, // account.class
     {0xE35E00DFU, 2, 6, FieldKind::Int}, // account.default
-    {0x21EE7069U, -1317325310, 0, FieldKind::Array}, // account.friends
+    {0x21EE7069U, -1317325310, 0, FieldKind::EmbeddedArray}, // account.friends
     {0xBF396750U, 728747954, 7, FieldKind::Object}, // account.id
     {0x16DB4F89U, 8, 8, FieldKind::Binary}, // account.picture
     {0x6C1C0FEDU, 3, 9, FieldKind::Int}, // account.quota
     {0xDFEC3F39U, 9, 10, FieldKind::Float}, // account.rate
     {0xEF069D5AU, 4, 11, FieldKind::Float}, // account.share
-    {0x6FBC9426U, -1971073333, 1, FieldKind::Array}, // account.tags
+    {0x6FBC9426U, -1971073333, 1, FieldKind::EmbeddedArray}, // account.tags
     {0x3B8BA7C7U, 1, 12, FieldKind::Text}, // account.text
     {0x2568C195U, 5, 13, FieldKind::Text}, // account.wake
     {0x1D775834U, 1, 1, FieldKind::Text}, // stringProp.value
