@@ -23,4 +23,4 @@ set(KORVA_GENERATED_UNITS
     messages/KORVAPortTypes1_gen_.cpp
     messages/KORVAPortTypes2_gen_.cpp
     tarn/TARNTypes_gen_.cpp
-    tarn/tarnsymbols1_gen_.cpp)
+    words/tarnsymbols1_gen_.cpp)

@@ -66,8 +66,8 @@ void printOffsets(Printer& printer, const Schema& schema) {
 }  // namespace
 
 void emitWords(const Schema& schema, Files& files) {
-    UnitFrame unit(files, "tarn/tarnsymbols1_gen_.cpp", schema.files.front(),
-                   {"tarn/SymbolTable.h"}, tarnCheck);
+    UnitFrame unit(files, "words/tarnsymbols1_gen_.cpp", schema.files.front(),
+                   {"words/SymbolTable.h"}, tarnCheck);
     Printer& printer = unit.content();
     printer.print(R"(
 

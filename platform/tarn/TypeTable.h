@@ -2,9 +2,9 @@
 /// pointers, so that loading the library costs nothing for them.
 #pragma once
 
-#include "tarn/TableVersion.h"
 #include "types/Kinds.h"
 #include "types/Lookup.h"
+#include "words/TableVersion.h"
 
 #include <tarn/TARNSchemaTypeI.h>
 

@@ -116,7 +116,7 @@ TEST_F(OpenClass, KeepsAnAddedFieldInItsRecordAndItsDescriptor) {
 }
 
 TEST_F(OpenClass, AddedNameIsAWordOfTheTable) {
-    const std::string words = generated("tarn/tarnsymbols1_gen_.cpp");
+    const std::string words = generated("words/tarnsymbols1_gen_.cpp");
     EXPECT_TRUE(has(words, "displayCaption"));
     EXPECT_TRUE(has(words, "seatCount"));
 }

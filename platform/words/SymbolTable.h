@@ -1,8 +1,8 @@
 /// The rows of the word table, as the generated code defines them.
 #pragma once
 
-#include "tarn/TableVersion.h"
 #include "types/Lookup.h"
+#include "words/TableVersion.h"
 
 #include <cstddef>
 #include <cstdint>

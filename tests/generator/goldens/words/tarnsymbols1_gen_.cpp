@@ -1,5 +1,5 @@
 // Made by korva-schemac from sample/sample.xsd; do not edit.
-#include "tarn/SymbolTable.h"
+#include "words/SymbolTable.h"
 
 #if TARN_TABLE_VERSION != 1
 #error "This file was made for other tables: run korva-schemac again."

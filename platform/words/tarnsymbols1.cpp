@@ -1,6 +1,6 @@
 #include "tarn/tarnsymbols1.h"
 
-#include "tarn/SymbolTable.h"
+#include "words/SymbolTable.h"
 
 #include <functional>
 
