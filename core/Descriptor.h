@@ -110,10 +110,11 @@ struct TypeTables {
 /// How many of an identity's top bits `TypeTables::typeIndex` is indexed by.
 using types::typeIndexBits;
 
-/// Defined by generated code.
+// What the core is given from above: the room of the schema defines both tables.
+
 extern const TypeTables typeTables;
 
-/// A class that stands in no schema. Its objects are asked by name, never read by tables, and
+/// A class that stands in no schema file. Its objects are asked by name, never read by tables, and
 /// `type.elementType` is e_Unknown also for an array.
 struct HandWrittenType {
     TypeDescriptor type;
@@ -124,7 +125,7 @@ inline constexpr ObjectType firstHandWrittenType = KORVASchemaTypeI::eKORVAUndoc
 inline constexpr std::size_t handWrittenTypeCount =
     KORVASchemaTypeI::eKORVASOAPFault - firstHandWrittenType + 1;
 
-/// In the order of their identities. Defined beside the classes.
+/// In the order of their identities.
 extern const HandWrittenType handWrittenTypes[handWrittenTypeCount];
 
 /// The row of a hand-written type, or null.

@@ -1,4 +1,4 @@
-// The rows of the classes that stand in no schema.
+// The rows of the classes that stand in no schema file.
 #include "core/ObjectCreation.h"
 
 #include <korva/KORVASOAPFault.h>
