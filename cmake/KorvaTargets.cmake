@@ -66,7 +66,9 @@ endforeach()
 # Tables of pointers in a few bytes for each run of them. The loader must know this form (glibc 2.36 does,
 # and an older one says that it does not); -DKORVA_LINKER_PACKS_RELOCATIONS=OFF builds for any. A linker
 # that does not know it may only warn.
-check_linker_flag(CXX "-Wl,--fatal-warnings,-z,pack-relative-relocs" KORVA_LINKER_PACKS_RELOCATIONS)
+separate_arguments(flags UNIX_COMMAND "${CMAKE_SHARED_LINKER_FLAGS}")
+check_linker_flag(CXX "${flags};-Wl,--fatal-warnings,-z,pack-relative-relocs"
+                  KORVA_LINKER_PACKS_RELOCATIONS)
 if(KORVA_LINKER_PACKS_RELOCATIONS)
     list(APPEND KORVA_LIBRARY_LINK_FLAGS "-Wl,-z,pack-relative-relocs")
 endif()
