@@ -5,21 +5,9 @@
 
 #include <zel/ZELByteBuffer.h>
 
+#include <cstring>
+
 namespace tarn {
-
-namespace {
-
-void put(int value, Slot::Value& to) {
-    to.integer = value;
-}
-void put(float value, Slot::Value& to) {
-    to.real = value;
-}
-void put(bool value, Slot::Value& to) {
-    to.flag = value;
-}
-
-}  // namespace
 
 bool readValue(const void* from, TARNSchemaTypeI::ObjectType type, Slot& to,
                TARNSchemaTypeI::ObjectType declared) {
@@ -29,7 +17,7 @@ bool readValue(const void* from, TARNSchemaTypeI::ObjectType type, Slot& to,
         if (!fits) return;
         Slot::Value result{};
         result.isPresent = true;
-        put(value, result);
+        std::memcpy(result.place(), &value, sizeof value);
         to.value = result;
     });
     return fits;
