@@ -1,4 +1,5 @@
-/// The version of the contract between words and tarn and the tables that korva-schemac writes for them.
+/// The version of the contract between words and tarn and the tables that korva-schemac writes for
+/// them.
 #pragma once
 
 /// Each generated unit of either checks it.
