@@ -5,5 +5,6 @@
 namespace korva {
 
 constinit const TypeTables typeTables{};
+constinit const HandWrittenType handWrittenTypes[handWrittenTypeCount]{};
 
 }  // namespace korva

@@ -1,7 +1,9 @@
 /// What marks a declaration as part of this library's interface.
 #pragma once
 
-#if defined(_WIN32)
+#if defined(KORVA_STATIC)
+#define TARNSYMBOLS_EXPORT
+#elif defined(_WIN32)
 #if defined(words_EXPORTS)
 #define TARNSYMBOLS_EXPORT __declspec(dllexport)
 #else
