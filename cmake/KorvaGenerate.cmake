@@ -103,7 +103,7 @@ endfunction()
 # korva_use_generated(<target> <room>...)
 #
 # Compiles the generated units of the rooms into the target, and makes it, and what links it, wait for
-# the generated headers.
+# the generated headers. Beside these stand those of the schema's types that are written by hand.
 function(korva_use_generated target)
     foreach(room IN LISTS ARGN)
         set(units ${KORVA_GENERATED_UNITS})
@@ -115,6 +115,7 @@ function(korva_use_generated target)
     target_include_directories(
         ${target}
         PUBLIC "$<BUILD_INTERFACE:${KORVA_GENERATED_DIR}/include>"
+               "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/schema/include>"
         PRIVATE "${KORVA_GENERATED_DIR}")
     add_dependencies(${target} korva_generated)
 endfunction()
