@@ -5,6 +5,7 @@
 #include "core/Names.h"
 #include "core/ObjectComparison.h"
 #include "core/ObjectCopy.h"
+#include "core/ObjectCreation.h"
 
 #include <korva/KORVAChildIndex.h>
 #include <korva/KORVASchemaTypesFactory.h>
@@ -115,6 +116,18 @@ bool KORVA_ArrayObject::operator!=(const KORVASchemaTypeI& other) const {
     return !operator==(other);
 }
 
+KORVASchemaTypeI* KORVA_ArrayObject::appendNew(KORVASchemaTypeI* (*create)(),
+                                               KORVAObjectRegistryI& registry) {
+    ZEL_TRY {
+        const std::size_t count = size();
+        KORVASchemaTypeI* const object = korva::createRegistered(create, registry);
+        resizeSlots(count + 1);
+        setSlot(count, object);
+        return object;
+    }
+    ZEL_CATCH(nullptr);
+}
+
 void KORVA_ArrayObject::copyElements(const KORVA_ArrayObject& other,
                                      KORVAObjectRegistryI& registry) {
     ZEL_TRY {
@@ -124,6 +137,13 @@ void KORVA_ArrayObject::copyElements(const KORVA_ArrayObject& other,
 }
 
 KORVA_TextArray::~KORVA_TextArray() = default;
+
+const char* KORVA_TextArray::emplace_back(std::string_view text, KORVAObjectRegistryI& registry) {
+    ZEL_TRY {
+        return m_vector.emplace_back(registry.keep(text));
+    }
+    ZEL_CATCH(nullptr);
+}
 
 void* KORVA_TextArray::slot(std::size_t position) const {
     return const_cast<char*>(m_vector[position]);

@@ -23,6 +23,7 @@
 
 #include <gtest/gtest.h>
 
+#include <iterator>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -114,6 +115,72 @@ TEST(Array, FrontTestsTheBound) {
     numbers.push_back(1);
     numbers.clear();
     EXPECT_TRUE(isOutOfRange([&] { static_cast<void>(numbers.front()); }));
+}
+
+TEST(Array, GivesSlotsByIndexAndAtTheBack) {
+    KORVASchedule first;
+    KORVASchedule second;
+    KORVAScheduleArray objects;
+    EXPECT_EQ(objects.emplace_back(&first), &first);
+    objects.push_back(&second);
+    EXPECT_EQ(objects[1], &second);
+    EXPECT_EQ(objects.back(), &second);
+    objects[1] = &first;
+    EXPECT_EQ(std::as_const(objects)[1], &first);
+    objects.back() = &second;
+    EXPECT_EQ(std::as_const(objects).back(), &second);
+    KORVAIntArray numbers;
+    numbers.emplace_back(7)++;
+    EXPECT_EQ(numbers[0], 8);
+    KORVABooleanArray flags;
+    flags.push_back(false);
+    flags[0] = true;
+    EXPECT_TRUE(flags.at(0));
+}
+
+TEST(Array, IndexAndBackTestTheBound) {
+    KORVAScheduleArray objects;
+    KORVAIntArray numbers;
+    EXPECT_TRUE(isOutOfRange([&] { static_cast<void>(objects[0]); }));
+    EXPECT_TRUE(isOutOfRange([&] { static_cast<void>(objects.back()); }));
+    EXPECT_TRUE(isOutOfRange([&] { static_cast<void>(std::as_const(objects).back()); }));
+    numbers.push_back(1);
+    EXPECT_TRUE(isOutOfRange([&] { static_cast<void>(numbers[1]); }));
+    EXPECT_TRUE(isOutOfRange([&] { static_cast<void>(std::as_const(numbers)[1]); }));
+}
+
+TEST(Array, InsertsElementsAndRanges) {
+    KORVAIntArray numbers;
+    const auto one = numbers.insert(numbers.end(), 1);
+    EXPECT_EQ(*one, 1);
+    const int more[] = {2, 3};
+    const auto two = numbers.insert(numbers.begin(), std::begin(more), std::end(more));
+    EXPECT_EQ(*two, 2);
+    EXPECT_EQ(std::vector<int>(numbers.begin(), numbers.end()), (std::vector<int>{2, 3, 1}));
+    KORVASchedule first;
+    KORVASchedule second;
+    KORVAScheduleArray objects;
+    objects.push_back(&second);
+    objects.insert(objects.begin(), &first);
+    EXPECT_EQ(objects[0], &first);
+    EXPECT_EQ(objects[1], &second);
+}
+
+TEST(Array, MakesObjectsAndTextsThatBelongToARegistry) {
+    const Registry registry = makeRegistry();
+    KORVABaseClassArray objects;
+    KORVAFolder* const folder = objects.emplace_back<KORVAFolder>(*registry);
+    EXPECT_EQ(objects.back(), folder);
+    KORVAScheduleArray schedules;
+    KORVASchedule* const schedule = schedules.emplace_back(*registry);
+    EXPECT_EQ(schedules.at(0), schedule);
+    KORVAStringArray texts;
+    std::string source = "a text";
+    const char* const text = texts.emplace_back(source, *registry);
+    source.assign(source.size(), '-');
+    EXPECT_STREQ(text, "a text");
+    EXPECT_EQ(texts.at(0), text);
+    EXPECT_EQ(registry->size(), 3u);
 }
 
 TEST(Array, AtTestsTheBound) {

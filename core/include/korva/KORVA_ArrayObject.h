@@ -44,6 +44,9 @@ protected:
     /// @throws std::out_of_range always
     [[noreturn]] static void throwInvalidSubscript();
 
+    /// Makes an object, registers it and appends it.
+    KORVASchemaTypeI* appendNew(KORVASchemaTypeI* (*create)(), KORVAObjectRegistryI& registry);
+
     /// Replaces the elements by deep copies of those of `other`, an array of the same class.
     void copyElements(const KORVA_ArrayObject& other, KORVAObjectRegistryI& registry);
 

@@ -3,6 +3,10 @@
 
 #include <korva/KORVA_ArrayObject.h>
 
+#include <cstddef>
+#include <iterator>
+#include <string_view>
+#include <type_traits>
 #include <vector>
 
 /// An array whose elements are kept as `Element`: a pointer to an object, a text, or a value.
@@ -30,6 +34,28 @@ public:
         return m_vector.front();
     }
 
+    /// The slot of the last element.
+    /// @throws std::out_of_range there is none
+    Element& back() {
+        check(0);
+        return m_vector.back();
+    }
+    const Element& back() const {
+        check(0);
+        return m_vector.back();
+    }
+
+    /// The slot of the element at the zero-based `i`.
+    /// @throws std::out_of_range there is none
+    Element& operator[](std::size_t i) {
+        check(i);
+        return m_vector[i];
+    }
+    const Element& operator[](std::size_t i) const {
+        check(i);
+        return m_vector[i];
+    }
+
     iterator begin() { return m_vector.begin(); }
     iterator end() { return m_vector.end(); }
     const_iterator begin() const { return m_vector.begin(); }
@@ -37,6 +63,17 @@ public:
 
     /// Appends the pointer or value as it stands.
     void push_back(Element element) { m_vector.push_back(element); }
+    /// The same; gives the new slot.
+    Element& emplace_back(Element element) { return m_vector.emplace_back(element); }
+    /// Puts the pointer or value in front of `position`; gives the iterator at it.
+    iterator insert(const_iterator position, Element element) {
+        return m_vector.insert(position, element);
+    }
+    /// Puts a range in front of `position`; gives the iterator at its first element.
+    template <std::input_iterator Input>
+    iterator insert(const_iterator position, Input first, Input last) {
+        return m_vector.insert(position, first, last);
+    }
     void reserve(std::size_t count) { m_vector.reserve(count); }
     /// Removes one slot without freeing the element; gives the iterator behind it.
     iterator erase(iterator position) { return m_vector.erase(position); }
@@ -65,6 +102,17 @@ template <class X>
 class KORVA_ObjectArray : public KORVA_TypedArray<X*> {
 public:
     using KORVA_TypedArray<X*>::at;
+    using KORVA_TypedArray<X*>::emplace_back;
+    /// Appends a new object of the class `Y`, an X or one derived from it, which is registered in
+    /// `registry`; gives the object. After a failure the array is as it was.
+    /// @throws ZELOutOfMemoryError no memory is left
+    template <class Y = X>
+    Y* emplace_back(KORVAObjectRegistryI& registry) {
+        static_assert(std::is_base_of_v<X, Y>, "the array holds objects of another class");
+        const auto create = []() -> KORVASchemaTypeI* { return new Y; };
+        return static_cast<Y*>(this->appendNew(create, registry));
+    }
+
     /// The element at the zero-based `i`.
     /// @throws std::out_of_range there is none
     const X* at(std::size_t i) const {
@@ -88,6 +136,12 @@ private:
 class KORVA_EXPORT KORVA_TextArray : public KORVA_TypedArray<const char*> {
 public:
     using KORVA_TypedArray<const char*>::at;
+    using KORVA_TypedArray<const char*>::emplace_back;
+    /// Appends a copy of `text`, which is registered in `registry`; gives the copy. After a failure
+    /// the array is as it was.
+    /// @throws ZELOutOfMemoryError no memory is left
+    const char* emplace_back(std::string_view text, KORVAObjectRegistryI& registry);
+
     /// The text at the zero-based `i`.
     /// @throws std::out_of_range there is none
     const char* at(std::size_t i) const {
