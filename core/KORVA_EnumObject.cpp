@@ -71,6 +71,10 @@ const char* enumToString(int value, const EnumDescriptor& descriptor) {
 
 KORVA_EnumObject::~KORVA_EnumObject() = default;
 
+const char* KORVA_EnumObject::toString() const {
+    return korva::enumToString(m_value, descriptor());
+}
+
 void* KORVA_EnumObject::getChildObject(const char*, bool) {
     if (m_value == 0) {
         std::string text;

@@ -117,6 +117,9 @@ std::vector<std::string> createdClasses(const std::vector<Field>& fields) {
 
 void declareLife(Printer& printer, const std::string& className, std::string_view note) {
     printer.print(R"(
+    using Self = $class$;
+    using Identity = korva::TypeIdentity<e$class$>;
+
     $class$();
     /// $note$
     $class$(const $class$& other, KORVAObjectRegistryI& registry);

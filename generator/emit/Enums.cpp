@@ -70,6 +70,7 @@ void declareFunctions(Printer& printer, const Type& type) {
 
     /// The word of the value, as enumToString finds it.
     const char* toString();
+    using KORVA_EnumObject::toString;
 
 )");
     declareNames(printer, true);

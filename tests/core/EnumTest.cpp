@@ -47,6 +47,17 @@ TEST(Enum, WordsBecomeValuesAndBack) {
     EXPECT_EQ(crc(Severity::stringToEnum("fatal")), 0x38D0528FU);
 }
 
+TEST(Enum, ConstantObjectTellsItsWord) {
+    Severity severity;
+    const Severity& constant = severity;
+    EXPECT_STREQ(constant.toString(), "");
+    severity.setValue(Severity::eKORVAWarn);
+    EXPECT_STREQ(constant.toString(), "warn");
+    EXPECT_STREQ(severity.toString(), "warn");
+    severity.setValue(static_cast<Severity::Enum>(1));
+    EXPECT_ASSERTION(constant.toString(), "ZEL_ASSERT_NAMED(false, \"invalid enum\");");
+}
+
 TEST(Enum, InternedWordGivesTheSameValue) {
     EXPECT_EQ(Severity::stringToEnum(tarnsymbols1::getChar(0x38D0528FU)), Severity::eKORVAFatal);
 }

@@ -89,6 +89,18 @@ protected:
     KORVASchemaTypeI& operator=(const KORVASchemaTypeI&) = default;
 };
 
+namespace korva {
+
+/// The identity of a class, at compile time. Each class of the schema says which class it is, and
+/// what its identity is, by two names: `using Self = KORVASchedule`, and `Identity`. What somebody
+/// derives from it inherits both, and so is told by a Self of another name.
+template <KORVASchemaTypeI::ObjectType type>
+struct TypeIdentity {
+    static constexpr KORVASchemaTypeI::ObjectType value = type;
+};
+
+}  // namespace korva
+
 /// Compares two schema objects of known classes by the virtual operator of the left one. Exact for
 /// both operands, so that `base == derived` stays unambiguous with rewritten comparisons.
 template <class Left, class Right>

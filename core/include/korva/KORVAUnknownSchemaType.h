@@ -6,6 +6,9 @@
 /// An object without children that remembers the name of a type nobody knows.
 class KORVA_EXPORT KORVAUnknownSchemaType : public KORVASchemaTypeI {
 public:
+    using Self = KORVAUnknownSchemaType;
+    using Identity = korva::TypeIdentity<e_Unknown>;
+
     /// An empty name.
     KORVAUnknownSchemaType();
     /// Copies `name`.

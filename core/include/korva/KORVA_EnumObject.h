@@ -15,6 +15,11 @@ public:
     KORVA_EnumObject(const KORVA_EnumObject&) = delete;
     KORVA_EnumObject& operator=(const KORVA_EnumObject&) = delete;
 
+    /// The word of the value, which lives as long as the process; the empty text while nothing is
+    /// set.
+    /// @throws ZELAssertError the value is none of this enumeration
+    const char* toString() const;
+
     /// The word, whatever the arguments.
     /// @throws ZELAssertError nothing is set, or the value is none of this enumeration
     void* getChildObject(const char* name, bool forWrite) override;

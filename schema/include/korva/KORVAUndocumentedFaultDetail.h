@@ -12,6 +12,9 @@ struct KORVAUndocumentedFaultDetail_PrivateData;
 /// it; its children cannot be walked by name.
 class KORVA_EXPORT KORVAUndocumentedFaultDetail : public KORVASchemaTypeI {
 public:
+    using Self = KORVAUndocumentedFaultDetail;
+    using Identity = korva::TypeIdentity<eKORVAUndocumentedFaultDetail>;
+
     /// @throws ZELOutOfMemoryError no memory is left
     KORVAUndocumentedFaultDetail();
     /// A deep copy; what it consists of is registered in `registry`, the object itself is not.

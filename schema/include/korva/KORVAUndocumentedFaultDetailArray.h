@@ -10,6 +10,9 @@ class KORVAUndocumentedFaultDetail;
 class KORVA_EXPORT KORVAUndocumentedFaultDetailArray
     : public KORVA_ObjectArray<KORVAUndocumentedFaultDetail> {
 public:
+    using Self = KORVAUndocumentedFaultDetailArray;
+    using Identity = korva::TypeIdentity<eKORVAUndocumentedFaultDetailArray>;
+
     KORVAUndocumentedFaultDetailArray();
     /// A deep copy; what it consists of is registered in `registry`, the array itself is not.
     /// @throws ZELOutOfMemoryError no memory is left

@@ -23,6 +23,9 @@ public:
         eKORVAGr__er = int(0xF83617B0U), ///< größer
     };
 
+    using Self = KORVAAccessEnum;
+    using Identity = korva::TypeIdentity<eKORVAAccessEnum>;
+
     KORVAAccessEnum();
     /// Copies the value; nothing is registered.
     KORVAAccessEnum(const KORVAAccessEnum& other, KORVAObjectRegistryI& registry);
@@ -46,6 +49,7 @@ public:
 
     /// The word of the value, as enumToString finds it.
     const char* toString();
+    using KORVA_EnumObject::toString;
 
     ObjectType getObjectType() const override;
     const char* generatedObjectName() const override;

@@ -18,6 +18,9 @@ struct KORVAAccount_PrivateData;
 /// The class "account" of the schema.
 class KORVA_EXPORT KORVAAccount : public KORVAFolder {
 public:
+    using Self = KORVAAccount;
+    using Identity = korva::TypeIdentity<eKORVAAccount>;
+
     KORVAAccount();
     /// A deep copy; what it consists of is registered in `registry`, the object itself is not.
     KORVAAccount(const KORVAAccount& other, KORVAObjectRegistryI& registry);

@@ -12,6 +12,9 @@ class KORVAAccount;
 /// Accounts, in the order of their names.
 class KORVA_EXPORT KORVAAccountArray : public KORVA_ObjectArray<KORVAAccount> {
 public:
+    using Self = KORVAAccountArray;
+    using Identity = korva::TypeIdentity<eKORVAAccountArray>;
+
     KORVAAccountArray();
     /// A deep copy; what it consists of is registered in `registry`, the array itself is not.
     KORVAAccountArray(const KORVAAccountArray& other, KORVAObjectRegistryI& registry);

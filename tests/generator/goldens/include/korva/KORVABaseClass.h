@@ -14,6 +14,9 @@ struct KORVABaseClass_PrivateData;
 /// What all content objects share.
 class KORVA_EXPORT KORVABaseClass : public KORVA_ClassObject {
 public:
+    using Self = KORVABaseClass;
+    using Identity = korva::TypeIdentity<eKORVABaseClass>;
+
     KORVABaseClass();
     /// A deep copy; what it consists of is registered in `registry`, the object itself is not.
     KORVABaseClass(const KORVABaseClass& other, KORVAObjectRegistryI& registry);

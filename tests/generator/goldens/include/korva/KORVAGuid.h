@@ -10,6 +10,9 @@
 /// An identifier.
 class KORVA_EXPORT KORVAGuid : public KORVA_RestrictedString {
 public:
+    using Self = KORVAGuid;
+    using Identity = korva::TypeIdentity<eKORVAGuid>;
+
     KORVAGuid();
     /// A copy, whose text is registered in `registry`.
     KORVAGuid(const KORVAGuid& other, KORVAObjectRegistryI& registry);

@@ -14,6 +14,9 @@ struct KORVAStringArrayProp_PrivateData;
 /// The property "stringArrayProp" of the schema.
 class KORVA_EXPORT KORVAStringArrayProp : public KORVABaseProp {
 public:
+    using Self = KORVAStringArrayProp;
+    using Identity = korva::TypeIdentity<eKORVAStringArrayProp>;
+
     KORVAStringArrayProp();
     /// A deep copy; what it consists of is registered in `registry`, the object itself is not.
     KORVAStringArrayProp(const KORVAStringArrayProp& other, KORVAObjectRegistryI& registry);
