@@ -3,6 +3,7 @@
 #include "types/TextMarker.h"
 
 #include <brim/BRIMBase64OutputStream.h>
+#include <brim/BRIMMemoryOutputStream.h>
 #include <brim/BRIMOutputStream.h>
 #include <korva/KORVA_Streamable.h>
 #include <zel/ZELAssert.h>
@@ -84,4 +85,15 @@ BRIMOutputStream& KORVA_CharStreamable::operator>>(BRIMOutputStream& out) const 
 bool KORVA_CharStreamable::sharesPiecesWith(const KORVA_CharStreamable& other) const {
     return types::sameMarkers(m_marker, other.m_marker) && m_streamable == other.m_streamable &&
            m_data == other.m_data && m_next == other.m_next && m_base64 == other.m_base64;
+}
+
+std::string KORVA_CharStreamable::toText(const char* text) {
+    ZEL_ASSERT(text);
+    ZEL_TRY {
+        if (!isCharStreamable(text)) return text;
+        BRIMMemoryOutputStream streamed;
+        *reinterpret_cast<const KORVA_CharStreamable*>(text) >> streamed;
+        return std::string(streamed.str(), streamed.pcount());
+    }
+    ZEL_CATCH("KORVA_CharStreamable::toText");
 }

@@ -7,7 +7,6 @@
 #include "core/ObjectName.h"
 #include "core/TextValue.h"
 
-#include <brim/BRIMMemoryOutputStream.h>
 #include <i18n/KORVAI18NRes.h>
 #include <i18n/KORVAMessageId.h>
 #include <korva/KORVAFaultDetail.h>
@@ -83,14 +82,7 @@ bool equalOrNull(const X* left, const X* right) {
 }
 
 void append(std::string& out, const char* text) {
-    if (text == nullptr) return;
-    if (!KORVA_CharStreamable::isCharStreamable(text)) {
-        out += text;
-        return;
-    }
-    BRIMMemoryOutputStream streamed;
-    KORVA_CharStreamable(text) >> streamed;
-    out.append(streamed.str(), streamed.pcount());
+    if (text != nullptr) out += KORVA_CharStreamable::toText(text);
 }
 
 void appendMessages(std::string& out, const KORVAFaultDetail& detail) {
@@ -208,6 +200,11 @@ void KORVASOAPFault::setDetail(KORVAFaultDetailArray* value) {
 
 void KORVASOAPFault::setDetail(KORVAUndocumentedFaultDetailArray* value) {
     m_pPrivateData->undocumentedDetail = value;
+}
+
+void KORVASOAPFault::setDetail(std::nullptr_t) {
+    m_pPrivateData->detail = nullptr;
+    m_pPrivateData->undocumentedDetail = nullptr;
 }
 
 // ----- the two shapes of details -----

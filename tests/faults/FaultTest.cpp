@@ -96,6 +96,17 @@ TEST(Fault, StoresPointersAsTheyStand) {
     EXPECT_EQ(fault.getUndocumentedDetail(), &undocumented);
 }
 
+TEST(Fault, NullUnsetsTheDetailsOfEitherShape) {
+    KORVAFaultDetailArray documented;
+    KORVAUndocumentedFaultDetailArray undocumented;
+    KORVASOAPFault fault;
+    fault.setDetail(&documented);
+    fault.setDetail(&undocumented);
+    fault.setDetail(nullptr);
+    EXPECT_EQ(fault.getDetail(), nullptr);
+    EXPECT_EQ(fault.getUndocumentedDetail(), nullptr);
+}
+
 // ----- children by name -----
 
 TEST(Fault, NamesItsChildrenInTheOrderOfTheWire) {

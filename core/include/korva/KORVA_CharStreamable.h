@@ -3,6 +3,8 @@
 
 #include <korva/KORVAExport.h>
 
+#include <string>
+
 class BRIMOutputStream;
 class KORVA_Streamable;
 
@@ -27,6 +29,11 @@ public:
     /// Whether `p` is the address of a char streamable. Null is not. Reads up to the first byte
     /// that decides, never past the end of a text.
     static bool isCharStreamable(const char* p);
+
+    /// The text that `text` is, or that the char streamable whose address it is writes.
+    /// @throws ZELAssertError `text` is null
+    /// @throws ZELOutOfMemoryError no memory is left; and what the source of a piece throws
+    static std::string toText(const char* text);
 
     /// Makes `s` the source of this piece; `s` stays the caller's.
     /// @param base64 write the whole chain in base64, if this is its first piece

@@ -4,6 +4,7 @@
 #include <korva/KORVASchemaTypeI.h>
 #include <zel/ZELOwner.h>
 
+#include <cstddef>
 #include <string>
 
 class KORVAFaultDetailArray;
@@ -18,6 +19,9 @@ struct KORVASOAPFault_PrivateData;
 /// Texts and details are not owned: they belong to a registry or to the caller.
 class KORVA_EXPORT KORVASOAPFault : public KORVASchemaTypeI {
 public:
+    using Self = KORVASOAPFault;
+    using Identity = korva::TypeIdentity<eKORVASOAPFault>;
+
     /// @throws ZELOutOfMemoryError no memory is left
     KORVASOAPFault();
     /// A deep copy; what it consists of is registered in `registry`, the fault itself is not.
@@ -50,6 +54,8 @@ public:
     void setDetail(KORVAFaultDetailArray* value);
     /// Stores the pointer as it stands; null unsets. The documented details stay.
     void setDetail(KORVAUndocumentedFaultDetailArray* value);
+    /// Unsets the details, of either shape.
+    void setDetail(std::nullptr_t);
 
     /// Turns the documented details into undocumented ones, which are registered in `registry` and
     /// added behind those that there are; an array for them is made in any case. Texts are shared
