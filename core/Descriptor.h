@@ -119,6 +119,8 @@ extern const TypeTables typeTables;
 struct HandWrittenType {
     TypeDescriptor type;
     const char* xmlName;  ///< as messages of failures have it: "undocumentedFaultDetail"
+    /// Compares two objects of the type.
+    bool (*equal)(const KORVASchemaTypeI& left, const KORVASchemaTypeI& right);
 };
 
 inline constexpr ObjectType firstHandWrittenType = KORVASchemaTypeI::eKORVAUndocumentedFaultDetail;

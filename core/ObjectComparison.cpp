@@ -140,6 +140,12 @@ private:
 
 }  // namespace
 
+bool equalObjects(const KORVASchemaTypeI& left, const KORVASchemaTypeI& right) {
+    if (const HandWrittenType* const row = findHandWrittenType(left.getObjectType()))
+        return row->equal(left, right);
+    return equalByOperator(left, right);
+}
+
 bool equalFields(const ClassDescriptor& descriptor, const KORVASchemaTypeI& left,
                  const KORVASchemaTypeI& right) {
     Comparison comparison;

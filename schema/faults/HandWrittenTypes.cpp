@@ -9,11 +9,17 @@ namespace korva {
 
 namespace {
 
+template <class X>
+bool equal(const KORVASchemaTypeI& left, const KORVASchemaTypeI& right) {
+    return static_cast<const X&>(left).operator==(right);
+}
+
 template <class X, ObjectType identity>
 constexpr HandWrittenType describe(const char* className, const char* xmlName) {
     return {{identity, KORVASchemaTypeI::e_Unknown, className, nullptr, nullptr, &createObject<X>,
              &copyObject<X, identity>},
-            xmlName};
+            xmlName,
+            &equal<X>};
 }
 
 }  // namespace

@@ -25,7 +25,8 @@ const Row rows[] = {
     {0xEA4AA334, 1}, {0xEA4B8476, 2}, {0xEA4BCA5D, 2}, {0xEA48385C, 2}, {0xEA4BA852, 1},
     {0xEA4CB90C, 2}, {0xEA487D84, 3}, {0xEA4BD4DB, 3}, {0xEA4F0001, 3}, {0xEA4F0003, 3},
     {0xEA4F0004, 3}, {0xEA4F0005, 3}, {0xEA4F0020, 3}, {0xEA4F0021, 2}, {0xEA4F0022, 3},
-    {0xEA4F0023, 1}, {0xEA4F0024, 3}, {0xEA4F0025, 1},
+    {0xEA4F0023, 1}, {0xEA4F0024, 3}, {0xEA4F0025, 1}, {0xEA4F0030, 3}, {0xEA4F0031, 2},
+    {0xEA4F0032, 3}, {0xEA4F0033, 3}, {0xEA4F0034, 2}, {0xEA4F0035, 2}, {0xEA4F0036, 2},
 };
 
 TEST(MessageCatalogue, EveryMessageIsASentenceThatTakesAllItsParameters) {
