@@ -14,4 +14,9 @@ bool storeValue(const Record& record, const FieldDescriptor& field, const void* 
     return isValue;
 }
 
+void clearValue(const Record& record, const FieldDescriptor& field) {
+    types::visitValue(field.kind, [&](auto zero) { store(record, field.offset, zero); });
+    store(record, field.flagOffset, true);
+}
+
 }  // namespace korva

@@ -68,4 +68,7 @@ bool readValue(const void* obj, ObjectType type, Value& value) {
 bool storeValue(const Record& record, const FieldDescriptor& field, const void* obj,
                 ObjectType type);
 
+/// Takes such a field its value.
+void clearValue(const Record& record, const FieldDescriptor& field);
+
 }  // namespace korva

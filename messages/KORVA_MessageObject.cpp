@@ -33,12 +33,6 @@ const FieldDescriptor* findParameter(const MessageDescriptor& message, const cha
     return nullptr;
 }
 
-void clearValue(const korva::Record& record, const FieldDescriptor& parameter) {
-    types::visitValue(parameter.kind,
-                      [&](auto zero) { korva::store(record, parameter.offset, zero); });
-    korva::store(record, parameter.flagOffset, true);
-}
-
 }  // namespace
 
 KORVA_MessageObject::~KORVA_MessageObject() {
@@ -110,7 +104,7 @@ void KORVA_MessageObject::setChildObject(const char* name, void* value, const Ob
             break;
         default:
             if (value == nullptr)
-                clearValue(*m_pPrivateData, *parameter);
+                korva::clearValue(*m_pPrivateData, *parameter);
             else if (!korva::storeValue(*m_pPrivateData, *parameter, value, type))
                 refuse();
             break;
