@@ -15,6 +15,14 @@ struct Child {
     void* value;       ///< as getChildObject(name, false) gives it
 };
 
+/// Whether the object asserts when its children are asked for: an undocumented detail of a fault,
+/// or an array of these. They hold messages only.
+inline bool refusesToBeWalked(const KORVASchemaTypeI& object) {
+    const ObjectType type = object.getObjectType();
+    return type == KORVASchemaTypeI::eKORVAUndocumentedFaultDetail ||
+           type == KORVASchemaTypeI::eKORVAUndocumentedFaultDetailArray;
+}
+
 /// Visits the declared children of an object in their order. The result is that of
 /// getChildObjectNames with getChildType and getChildObject for each name; objects of generated
 /// classes are read by their tables, without asking for each child that is not set.

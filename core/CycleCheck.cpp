@@ -10,15 +10,9 @@ namespace korva {
 
 namespace {
 
-bool isOfUndocumentedDetail(ObjectType type) {
-    return type == KORVASchemaTypeI::eKORVAUndocumentedFaultDetail ||
-           type == KORVASchemaTypeI::eKORVAUndocumentedFaultDetailArray;
-}
-
 Cycle<KORVASchemaTypeI> findCycleBelow(const KORVASchemaTypeI& root) {
     return findCycle(root, [](const KORVASchemaTypeI& object, auto&& visit) {
-        // They refuse to be walked, and hold messages only.
-        if (isOfUndocumentedDetail(object.getObjectType())) return;
+        if (refusesToBeWalked(object)) return;
         ChildWalk walk(object, true);
         if (walk.isContent()) return;
         for (Child child; walk.next(child);)
