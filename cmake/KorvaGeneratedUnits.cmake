@@ -20,6 +20,7 @@ set(KORVA_GENERATED_UNITS
     messages/KORVAMessages3_gen_.cpp
     messages/KORVAMessages4_gen_.cpp
     messages/KORVAMessageFactory_gen_.cpp
+    messages/KORVAPortTypeList_gen_.cpp
     messages/KORVAPortTypes1_gen_.cpp
     messages/KORVAPortTypes2_gen_.cpp
     tarn/TARNTypes_gen_.cpp

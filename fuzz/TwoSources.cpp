@@ -11,6 +11,7 @@
 #include <korva/KORVASOAPMessageIDeserializer.h>
 #include <korva/KORVASchemaTypeI.h>
 #include <korva/KORVAXMLDeserializer.h>
+#include <korva/KORVA_PortTypes.h>
 #include <zel/ZELThrowable.h>
 
 #include <algorithm>
@@ -122,7 +123,7 @@ std::string requestOf(const Way& way) {
     deserializer.setAttachmentHandler(&attachments);
     deserializer.setMaximumStartTag(way.startTag);
     Binding binding;
-    deserializer.parse(stream, allPortTypes(), binding);
+    deserializer.parse(stream, KORVA_PortTypes::all(), binding);
     return written(*binding, binding->getInputMessage());
 }
 

@@ -1,47 +1,23 @@
 #include "fuzz/Wire.h"
 
 #include <brim/BRIMMemoryOutputStream.h>
-#include <korva/KORVABatchReportServicePortType.h>
-#include <korva/KORVAContentManagerCacheServicePortType.h>
-#include <korva/KORVAContentManagerServicePortType.h>
-#include <korva/KORVADeliveryServicePortType.h>
-#include <korva/KORVADispatcherPortType.h>
-#include <korva/KORVAEventManagementServicePortType.h>
 #include <korva/KORVAException.h>
-#include <korva/KORVAMobileServicePortType.h>
-#include <korva/KORVAMonitorServicePortType.h>
 #include <korva/KORVAReportServicePortType.h>
 #include <korva/KORVASOAPMessageIDeserializer.h>
 #include <korva/KORVASOAPMessageISerializer.h>
 #include <korva/KORVASOAPSerializer.h>
 #include <korva/KORVASchemaTypeI.h>
-#include <korva/KORVAVelmoraTabulonPortType.h>
 #include <korva/KORVAXMLDeserializer.h>
+#include <korva/KORVA_PortTypes.h>
 
 namespace korva::fuzz {
-
-const std::vector<KORVAPortTypeI*>& allPortTypes() {
-    static const auto& all = *new std::vector<KORVAPortTypeI*>{
-        &KORVABatchReportServicePortType::getInstance(),
-        &KORVAContentManagerCacheServicePortType::getInstance(),
-        &KORVAContentManagerServicePortType::getInstance(),
-        &KORVADeliveryServicePortType::getInstance(),
-        &KORVADispatcherPortType::getInstance(),
-        &KORVAEventManagementServicePortType::getInstance(),
-        &KORVAMobileServicePortType::getInstance(),
-        &KORVAMonitorServicePortType::getInstance(),
-        &KORVAReportServicePortType::getInstance(),
-        &KORVAVelmoraTabulonPortType::getInstance(),
-    };
-    return all;
-}
 
 Binding readRequest(std::string_view envelope, KORVA_AttachmentHandler* attachments) {
     BRIMMemoryInputStream stream(envelope.data(), envelope.size());
     KORVASOAPMessageIDeserializer deserializer;
     deserializer.setAttachmentHandler(attachments);
     Binding binding;
-    deserializer.parse(stream, allPortTypes(), binding);
+    deserializer.parse(stream, KORVA_PortTypes::all(), binding);
     return binding;
 }
 
@@ -52,7 +28,7 @@ Binding callFor(std::string_view envelope) {
     if (end != std::string_view::npos) {
         const std::size_t begin = envelope.find_last_of("<:/ ", end);
         name = envelope.substr(begin + 1, end - begin - 1);
-        for (const KORVAPortTypeI* const portType : allPortTypes()) {
+        for (const KORVAPortTypeI* const portType : KORVA_PortTypes::all()) {
             try {
                 return portType->createPortTypeBinding(name.c_str(), {});
             } catch (const KORVAException&) {  // NOLINT(bugprone-empty-catch): another may have it

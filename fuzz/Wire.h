@@ -25,10 +25,7 @@ inline Registry makeRegistry() {
     return KORVAObjectRegistryFactory::getInstance().create();
 }
 
-/// What a server that offers everything hands to its reader.
-const std::vector<KORVAPortTypeI*>& allPortTypes();
-
-/// Reads an envelope as such a server does. `attachments` may be null.
+/// Reads an envelope as a server does that offers everything. `attachments` may be null.
 Binding readRequest(std::string_view envelope, KORVA_AttachmentHandler* attachments);
 
 /// A call whose reply the envelope seems to be: of the operation whose element the envelope has; of

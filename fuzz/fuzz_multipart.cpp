@@ -4,6 +4,7 @@
 
 #include <halyard/HALYARDTKMultipartReader.h>
 #include <korva/KORVASOAPMessageIDeserializer.h>
+#include <korva/KORVA_PortTypes.h>
 #include <korva/KORVA_SpoolingAttachmentContainer.h>
 
 #include <algorithm>
@@ -19,7 +20,7 @@ void korva::fuzz::attack(std::string_view input) {
     KORVASOAPMessageIDeserializer deserializer;
     deserializer.setAttachmentHandler(&attachments);
     Binding binding;
-    deserializer.parse(message.getRoot(), allPortTypes(), binding);
+    deserializer.parse(message.getRoot(), KORVA_PortTypes::all(), binding);
     const bool spools = input.size() % 2 == 0;
     attachments.resolveReferences(message, *binding->getInputMessage().getObjectRegistry(),
                                   spools ? KORVA_SpoolingAttachmentContainer::create : nullptr);

@@ -48,6 +48,16 @@ const char* KORVA_PortType::getBoundNamespace() const {
     return m_descriptor.boundNamespace;
 }
 
+// The first row is that of the null messages.
+
+std::size_t KORVA_Operations::size() const {
+    return m_portType->m_descriptor.operationCount - 1;
+}
+
+KORVA_Operation KORVA_Operations::at(const KORVA_PortType& portType, std::size_t position) {
+    return {portType, portType.m_descriptor.operations[position + 1]};
+}
+
 KORVA_PortType::ObjectType KORVA_PortType::resolveOperationParamType(const char* pOperationName,
                                                                      const char* pParamName) const {
     ZEL_ASSERT(pOperationName);

@@ -62,4 +62,9 @@ struct PortTypeDescriptor {
     std::size_t parameterCount;
 };
 
+/// What gives each port type, ascending by class. Defined by generated code.
+using PortTypeInstance = KORVA_PortType* (*)();
+extern const PortTypeInstance portTypeInstances[];
+extern const std::size_t portTypeCount;
+
 }  // namespace korva

@@ -2,6 +2,8 @@
 #include "generator/emit/Frame.h"
 #include "generator/emit/Text.h"
 
+#include <set>
+
 namespace korva::schemac::emit {
 
 using namespace model;
@@ -104,6 +106,29 @@ void emitUnit(const Schema& schema, unsigned unit, Files& files) {
     }
 }
 
+/// The table of all of them.
+void emitList(const Schema& schema, Files& files) {
+    UnitFrame frame(files, "messages/KORVAPortTypeList_gen_.cpp", schema.portTypesFile(),
+                    {"messages/MessageDescriptor.h"});
+    std::set<std::string> names;
+    for (const PortType& portType : schema.portTypes) {
+        frame.include(portType.className);
+        names.insert(portType.className);
+    }
+    Printer& printer = frame.content();
+    printer.blankLine();
+    const NamespaceScope scope(printer, "korva");
+    {
+        const TableScope table(printer, "constinit const PortTypeInstance portTypeInstances");
+        for (const std::string& name : names)
+            printer.print("    []() -> KORVA_PortType* { return &$class$::getInstance(); },\n",
+                          {{"class", name}});
+        if (names.empty()) printer.print("    nullptr, // not counted\n");
+    }
+    printer.print("\n\nconstinit const std::size_t portTypeCount = $count$;\n\n",
+                  {{"count", std::to_string(names.size())}});
+}
+
 }  // namespace
 
 void emitPortTypes(const Schema& schema, Files& files) {
@@ -111,6 +136,7 @@ void emitPortTypes(const Schema& schema, Files& files) {
         emitHeader(portType, files);
     for (unsigned unit = 1; unit <= kPortTypeUnits; ++unit)
         emitUnit(schema, unit, files);
+    emitList(schema, files);
 }
 
 }  // namespace korva::schemac::emit

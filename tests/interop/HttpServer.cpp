@@ -3,26 +3,17 @@
 #include <brim/BRIMMemoryInputStream.h>
 #include <brim/BRIMMemoryOutputStream.h>
 #include <halyard/HALYARDTKMultipartWriter.h>
-#include <korva/KORVABatchReportServicePortType.h>
-#include <korva/KORVAContentManagerCacheServicePortType.h>
-#include <korva/KORVAContentManagerServicePortType.h>
-#include <korva/KORVADeliveryServicePortType.h>
-#include <korva/KORVADispatcherPortType.h>
-#include <korva/KORVAEventManagementServicePortType.h>
 #include <korva/KORVAException.h>
 #include <korva/KORVAFaultDetail.h>
 #include <korva/KORVAFaultDetailArray.h>
 #include <korva/KORVAFaultDetailMessage.h>
 #include <korva/KORVAFaultDetailMessageArray.h>
-#include <korva/KORVAMobileServicePortType.h>
-#include <korva/KORVAMonitorServicePortType.h>
-#include <korva/KORVAReportServicePortType.h>
 #include <korva/KORVASOAPFault.h>
 #include <korva/KORVASOAPFaultException.h>
 #include <korva/KORVASOAPFaultSerializer.h>
 #include <korva/KORVASOAPMessageIDeserializer.h>
 #include <korva/KORVASOAPMessageISerializer.h>
-#include <korva/KORVAVelmoraTabulonPortType.h>
+#include <korva/KORVA_PortTypes.h>
 
 #include <cstdio>
 #include <httplib.h>
@@ -36,19 +27,6 @@ namespace {
 
 constexpr const char* loopback = "127.0.0.1";
 constexpr const char* contentType = "text/xml; charset=utf-8";
-
-std::vector<KORVAPortTypeI*> allServices() {
-    return {&KORVAReportServicePortType::getInstance(),
-            &KORVABatchReportServicePortType::getInstance(),
-            &KORVAVelmoraTabulonPortType::getInstance(),
-            &KORVADeliveryServicePortType::getInstance(),
-            &KORVADispatcherPortType::getInstance(),
-            &KORVAMonitorServicePortType::getInstance(),
-            &KORVAContentManagerServicePortType::getInstance(),
-            &KORVAContentManagerCacheServicePortType::getInstance(),
-            &KORVAEventManagementServicePortType::getInstance(),
-            &KORVAMobileServicePortType::getInstance()};
-}
 
 std::string faultEnvelope(const KORVASOAPFault& fault) {
     BRIMMemoryOutputStream bytes;
@@ -148,7 +126,7 @@ private:
 
     static void read(Exchange& exchange) {
         BRIMMemoryInputStream stream(exchange.envelope.data(), exchange.envelope.size());
-        KORVASOAPMessageIDeserializer().parse(stream, allServices(), exchange.binding);
+        KORVASOAPMessageIDeserializer().parse(stream, KORVA_PortTypes::all(), exchange.binding);
     }
 
     Service m_service;

@@ -23,9 +23,6 @@ struct PortTypeOperation {
 /// In the order of the port types' tables.
 const std::vector<PortTypeOperation>& operations();
 
-/// What a server that offers all port types hands to its reader.
-const std::vector<KORVAPortTypeI*>& allPortTypes();
-
 /// The identity of a message.
 KORVAMessageI::MessageType messageTypeOf(const std::string& messageName);
 

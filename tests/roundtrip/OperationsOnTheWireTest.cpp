@@ -14,6 +14,7 @@
 #include <korva/KORVAPortTypeBinding.h>
 #include <korva/KORVASchemaTypeArrayI.h>
 #include <korva/KORVASchemaTypesFactory.h>
+#include <korva/KORVA_PortTypes.h>
 
 #include <gtest/gtest.h>
 
@@ -201,7 +202,7 @@ TEST_P(OperationsOnTheWire, EachGoesRoundWithNothing) {
 
 std::vector<std::string> portTypeNames() {
     std::vector<std::string> names;
-    for (const KORVAPortTypeI* const portType : korva::test::allPortTypes())
+    for (const KORVAPortTypeI* const portType : KORVA_PortTypes::all())
         names.emplace_back(portType->getName());
     return names;
 }

@@ -9,6 +9,7 @@
 #include <korva/KORVASOAPMessageISerializer.h>
 #include <korva/KORVASOAPSerializer.h>
 #include <korva/KORVASchemaTypeIContentHandler.h>
+#include <korva/KORVA_PortTypes.h>
 #include <zel/I18NConverter.h>
 
 #include <xercesc/framework/MemBufInputSource.hpp>
@@ -105,7 +106,7 @@ std::string writeEnvelope(KORVAPortTypeBinding& binding, KORVAMessageI& message)
 Binding readRequest(KORVASOAPMessageIDeserializer& deserializer, const std::string& xml) {
     BRIMMemoryInputStream stream(xml.data(), xml.size());
     Binding result;
-    deserializer.parse(stream, allPortTypes(), result);
+    deserializer.parse(stream, KORVA_PortTypes::all(), result);
     return result;
 }
 

@@ -3,6 +3,7 @@
 
 #include <korva/KORVAMessageFactory.h>
 #include <korva/KORVAPortTypeI.h>
+#include <korva/KORVA_Operation.h>
 
 namespace korva {
 struct OperationRow;
@@ -40,6 +41,9 @@ public:
     const char* getName() const override;
     const char* getBoundNamespace() const override;
 
+    /// All operations, but for that of the null messages.
+    KORVA_Operations getOperations() const { return KORVA_Operations(*this); }
+
     /// Whether a caller with `params` means the operation whose parameters are `expectedParamList`:
     /// always when there are none, otherwise when all of them are found there in their order. Lists
     /// of one length are compared one to one.
@@ -62,6 +66,8 @@ protected:
         : m_descriptor(descriptor) {}
 
 private:
+    friend class KORVA_Operations;
+
     const korva::OperationRow* findOperation(const char* name,
                                              const std::vector<KORVAMessageParam*>& params) const;
     const korva::OperationRow& operationOf(KORVAMessageI::MessageType inputMessageType) const;

@@ -1,0 +1,29 @@
+#include "korva/KORVA_PortTypes.h"
+
+#include "messages/MessageDescriptor.h"
+
+#include <zel/ZELAssert.h>
+#include <zel/ZELFrame.h>
+
+#include <cstring>
+
+const std::vector<KORVAPortTypeI*>& KORVA_PortTypes::all() {
+    ZEL_TRY {
+        static const auto& portTypes = *new std::vector<KORVAPortTypeI*>([] {
+            std::vector<KORVAPortTypeI*> made;
+            for (std::size_t i = 0; i != korva::portTypeCount; ++i)
+                made.push_back(korva::portTypeInstances[i]());
+            return made;
+        }());
+        return portTypes;
+    }
+    ZEL_CATCH(nullptr);
+}
+
+KORVA_PortType* KORVA_PortTypes::find(const char* name) {
+    ZEL_ASSERT(name);
+    for (KORVAPortTypeI* const portType : all())
+        if (std::strcmp(portType->getName(), name) == 0)
+            return static_cast<KORVA_PortType*>(portType);
+    return nullptr;
+}
