@@ -2,9 +2,12 @@
 
 #include "core/EnumWords.h"
 #include "core/Names.h"
+#include "core/OpenWordTable.h"
+#include "core/TextValue.h"
 
 #include <i18n/KORVAMessageId.h>
 #include <korva/KORVAException.h>
+#include <korva/KORVAObjectRegistryI.h>
 #include <korva/KORVASchemaTypesFactory.h>
 #include <korva/KORVAZELMessage.h>
 #include <zel/I18NString.h>
@@ -15,6 +18,9 @@
 #include <zel/ZELPrintable.h>
 #include <zel/ZELThrow.h>
 
+#include <algorithm>
+#include <cstring>
+#include <memory>
 #include <string>
 
 namespace korva {
@@ -48,21 +54,33 @@ std::string openValues(const EnumDescriptor& descriptor) {
     exception.hurl(ZEL_LOCATION, "_stringToEnum()", "ZEL_THROW");
 }
 
+/// The value of a word, or that of all words that nobody knows.
+int findWord(const char* name, const EnumDescriptor& descriptor) {
+    const std::uint32_t crc = nameCrc(name);
+    for (std::size_t i = 0; i < descriptor.entryCount; ++i)
+        if (descriptor.entries[i].crc == crc) return descriptor.entries[i].value;
+    // Another word may have the same value.
+    const OpenWord* const added = findOpenWord(descriptor, crc);
+    return added != nullptr && std::strcmp(added->text, name) == 0 ? static_cast<int>(crc)
+                                                                   : KORVA_EnumObject::otherWord;
+}
+
 }  // namespace
 
 int stringToEnum(const char* name, const EnumDescriptor& descriptor) {
     ZEL_ASSERT(name);
     if (*name == '\0') return 0;
-    const std::uint32_t crc = nameCrc(name);
-    for (std::size_t i = 0; i < descriptor.entryCount; ++i)
-        if (descriptor.entries[i].crc == crc) return descriptor.entries[i].value;
-    refuseWord(name, descriptor);
+    const int value = findWord(name, descriptor);
+    if (value == KORVA_EnumObject::otherWord) refuseWord(name, descriptor);
+    return value;
 }
 
 const char* enumToString(int value, const EnumDescriptor& descriptor) {
     if (value == 0) return "";
+    const auto crc = static_cast<std::uint32_t>(value);
     for (std::size_t i = 0; i < descriptor.entryCount; ++i)
-        if (descriptor.entries[i].value == value) return word(static_cast<std::uint32_t>(value));
+        if (descriptor.entries[i].value == value) return word(crc);
+    if (const OpenWord* const added = findOpenWord(descriptor, crc)) return added->text;
     ZEL_ASSERT_NAMED(false, "invalid enum");
     return "";
 }
@@ -72,11 +90,49 @@ const char* enumToString(int value, const EnumDescriptor& descriptor) {
 KORVA_EnumObject::~KORVA_EnumObject() = default;
 
 const char* KORVA_EnumObject::toString() const {
-    return korva::enumToString(m_value, descriptor());
+    return word();
+}
+
+bool KORVA_EnumObject::setWord(const char* word, KORVAObjectRegistryI& registry) {
+    ZEL_ASSERT(word);
+    if (*word != '\0' && isOpen() && korva::findWord(word, descriptor()) == otherWord) {
+        hold(word, registry);
+        return false;
+    }
+    assign(korva::stringToEnum(word, descriptor()));
+    return true;
+}
+
+void KORVA_EnumObject::hold(const char* word, KORVAObjectRegistryI& registry) {
+    ZEL_TRY {
+        // Large enough to have an even address.
+        const std::size_t size = std::max<std::size_t>(std::strlen(word) + 1, 2);
+        std::unique_ptr<char[]> copy(new char[size]);
+        std::strcpy(copy.get(), word);
+        registry.registerPointer(copy.get(), KORVAObjectRegistryI::eKORVADeleteArray);
+        m_data = reinterpret_cast<std::uintptr_t>(copy.release()) | 1U;
+    }
+    ZEL_CATCH("KORVA_EnumObject::setWord()");
+}
+
+bool KORVA_EnumObject::isOpen() const {
+    return descriptor().openCount != 0;
+}
+
+void KORVA_EnumObject::copy(const KORVA_EnumObject& other, KORVAObjectRegistryI& registry) {
+    if (const char* const word = other.getOtherWord())
+        hold(word, registry);
+    else
+        m_data = other.m_data;
+}
+
+const char* KORVA_EnumObject::word() const {
+    const char* const other = getOtherWord();
+    return other != nullptr ? other : korva::enumToString(value(), descriptor());
 }
 
 void* KORVA_EnumObject::getChildObject(const char*, bool) {
-    if (m_value == 0) {
+    if (value() == 0) {
         std::string text;
         ZEL_TRY {
             text = "ZEL_ASSERT_NAMED(m_value != ";
@@ -86,7 +142,7 @@ void* KORVA_EnumObject::getChildObject(const char*, bool) {
         ZEL_CATCH(nullptr);
         zel::assertionFailed(text.c_str(), ZEL_LOCATION);
     }
-    return const_cast<char*>(korva::enumToString(m_value, descriptor()));
+    return const_cast<char*>(word());
 }
 
 KORVASchemaTypeI::ObjectType KORVA_EnumObject::getChildType(const char*) const {
@@ -99,7 +155,7 @@ std::size_t KORVA_EnumObject::setChildObject(const char* name, void* obj, const 
     ZEL_ASSERT(obj);
     if (!KORVASchemaTypesFactory::isString(type) || type == eCharStreamable)
         KORVASchemaTypesFactory::typeError(descriptor().xmlName, name, getChildType(name), type);
-    m_value = korva::stringToEnum(static_cast<ZELByteBuffer*>(obj)->str(), descriptor());
+    assign(korva::stringToEnum(static_cast<ZELByteBuffer*>(obj)->str(), descriptor()));
     return 0;
 }
 
@@ -119,8 +175,9 @@ std::size_t KORVA_EnumObject::getChildObjectCount() const {
 }
 
 bool KORVA_EnumObject::operator==(const KORVASchemaTypeI& other) const {
-    return other.isa(getObjectType()) &&
-           m_value == static_cast<const KORVA_EnumObject&>(other).m_value;
+    if (!other.isa(getObjectType())) return false;
+    const auto& right = static_cast<const KORVA_EnumObject&>(other);
+    return value() == right.value() && korva::equalTexts(getOtherWord(), right.getOtherWord());
 }
 
 bool KORVA_EnumObject::operator!=(const KORVASchemaTypeI& other) const {

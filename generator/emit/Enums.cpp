@@ -31,6 +31,9 @@ void printEnumerators(Printer& printer, const Type& type) {
     enum Enum : int {
         eKOVRAUninitialized = 0, ///< nothing is set
 )");
+    if (type.openWords != 0)
+        printer.print(
+            "        eKORVA_OtherWord = otherWord, ///< a word that is held as it stands\n");
     for (const Word& word : type.words) {
         const std::string identity = enumeratorValue(word.identity);
         if (word.documentation.empty()) {
@@ -49,7 +52,8 @@ void printEnumerators(Printer& printer, const Type& type) {
 }
 
 void declareFunctions(Printer& printer, const Type& type) {
-    declareLife(printer, type.className, "Copies the value; nothing is registered.");
+    declareLife(printer, type.className,
+                "Copies the value; a word that is held as it stands is copied into `registry`.");
     printer.print(R"(
 
     /// The value of a word; eKOVRAUninitialized for the empty text.
@@ -59,7 +63,7 @@ void declareFunctions(Printer& printer, const Type& type) {
 
     /// The word of a value, which lives as long as the process; the empty text for
     /// eKOVRAUninitialized.
-    /// @throws ZELAssertError the value is none of this enumeration
+    /// @throws ZELAssertError the value has no word in this enumeration
     static const char* enumToString(Enum value);
 
     /// Sets the value of a word, as stringToEnum finds it.
@@ -68,7 +72,7 @@ void declareFunctions(Printer& printer, const Type& type) {
     void setValue(Enum value);
     Enum getValue() const;
 
-    /// The word of the value, as enumToString finds it.
+    /// The word that is held as it stands, or that of the value, as enumToString finds it.
     const char* toString();
     using KORVA_EnumObject::toString;
 
@@ -115,8 +119,8 @@ constinit const korva::EnumDescriptor korva::descriptors::$class$ = {
 };
 
 $class$::$class$() = default;
-$class$::$class$(const $class$& other, KORVAObjectRegistryI&) : KORVA_EnumObject() {
-    m_value = other.m_value;
+$class$::$class$(const $class$& other, KORVAObjectRegistryI& registry) : KORVA_EnumObject() {
+    copy(other, registry);
 }
 $class$::~$class$() = default;
 $class$::Enum $class$::stringToEnum(const char* text) {
@@ -125,10 +129,10 @@ $class$::Enum $class$::stringToEnum(const char* text) {
 const char* $class$::enumToString(Enum value) {
     return korva::enumToString(value, korva::descriptors::$class$);
 }
-void $class$::setValue(const char* text) { m_value = stringToEnum(text); }
-void $class$::setValue(Enum value) { m_value = value; }
-$class$::Enum $class$::getValue() const { return static_cast<Enum>(m_value); }
-const char* $class$::toString() { return enumToString(getValue()); }
+void $class$::setValue(const char* text) { assign(stringToEnum(text)); }
+void $class$::setValue(Enum value) { assign(value); }
+$class$::Enum $class$::getValue() const { return static_cast<Enum>(value()); }
+const char* $class$::toString() { return word(); }
 const korva::EnumDescriptor& $class$::descriptor() const {
     return korva::descriptors::$class$;
 }

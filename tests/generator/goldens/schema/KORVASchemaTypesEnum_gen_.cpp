@@ -28,8 +28,8 @@ constinit const korva::EnumDescriptor korva::descriptors::KORVAAccessEnum = {
 };
 
 KORVAAccessEnum::KORVAAccessEnum() = default;
-KORVAAccessEnum::KORVAAccessEnum(const KORVAAccessEnum& other, KORVAObjectRegistryI&) : KORVA_EnumObject() {
-    m_value = other.m_value;
+KORVAAccessEnum::KORVAAccessEnum(const KORVAAccessEnum& other, KORVAObjectRegistryI& registry) : KORVA_EnumObject() {
+    copy(other, registry);
 }
 KORVAAccessEnum::~KORVAAccessEnum() = default;
 KORVAAccessEnum::Enum KORVAAccessEnum::stringToEnum(const char* text) {
@@ -38,10 +38,10 @@ KORVAAccessEnum::Enum KORVAAccessEnum::stringToEnum(const char* text) {
 const char* KORVAAccessEnum::enumToString(Enum value) {
     return korva::enumToString(value, korva::descriptors::KORVAAccessEnum);
 }
-void KORVAAccessEnum::setValue(const char* text) { m_value = stringToEnum(text); }
-void KORVAAccessEnum::setValue(Enum value) { m_value = value; }
-KORVAAccessEnum::Enum KORVAAccessEnum::getValue() const { return static_cast<Enum>(m_value); }
-const char* KORVAAccessEnum::toString() { return enumToString(getValue()); }
+void KORVAAccessEnum::setValue(const char* text) { assign(stringToEnum(text)); }
+void KORVAAccessEnum::setValue(Enum value) { assign(value); }
+KORVAAccessEnum::Enum KORVAAccessEnum::getValue() const { return static_cast<Enum>(value()); }
+const char* KORVAAccessEnum::toString() { return word(); }
 const korva::EnumDescriptor& KORVAAccessEnum::descriptor() const {
     return korva::descriptors::KORVAAccessEnum;
 }
@@ -61,8 +61,8 @@ constinit const korva::EnumDescriptor korva::descriptors::KORVAUnknownEnum = {
 };
 
 KORVAUnknownEnum::KORVAUnknownEnum() = default;
-KORVAUnknownEnum::KORVAUnknownEnum(const KORVAUnknownEnum& other, KORVAObjectRegistryI&) : KORVA_EnumObject() {
-    m_value = other.m_value;
+KORVAUnknownEnum::KORVAUnknownEnum(const KORVAUnknownEnum& other, KORVAObjectRegistryI& registry) : KORVA_EnumObject() {
+    copy(other, registry);
 }
 KORVAUnknownEnum::~KORVAUnknownEnum() = default;
 KORVAUnknownEnum::Enum KORVAUnknownEnum::stringToEnum(const char* text) {
@@ -71,10 +71,10 @@ KORVAUnknownEnum::Enum KORVAUnknownEnum::stringToEnum(const char* text) {
 const char* KORVAUnknownEnum::enumToString(Enum value) {
     return korva::enumToString(value, korva::descriptors::KORVAUnknownEnum);
 }
-void KORVAUnknownEnum::setValue(const char* text) { m_value = stringToEnum(text); }
-void KORVAUnknownEnum::setValue(Enum value) { m_value = value; }
-KORVAUnknownEnum::Enum KORVAUnknownEnum::getValue() const { return static_cast<Enum>(m_value); }
-const char* KORVAUnknownEnum::toString() { return enumToString(getValue()); }
+void KORVAUnknownEnum::setValue(const char* text) { assign(stringToEnum(text)); }
+void KORVAUnknownEnum::setValue(Enum value) { assign(value); }
+KORVAUnknownEnum::Enum KORVAUnknownEnum::getValue() const { return static_cast<Enum>(value()); }
+const char* KORVAUnknownEnum::toString() { return word(); }
 const korva::EnumDescriptor& KORVAUnknownEnum::descriptor() const {
     return korva::descriptors::KORVAUnknownEnum;
 }

@@ -15,6 +15,7 @@ public:
     /// The CRC-32 of each word.
     enum Enum : int {
         eKOVRAUninitialized = 0, ///< nothing is set
+        eKORVA_OtherWord = otherWord, ///< a word that is held as it stands
         /// grant: Allows the access.
         eKORVAGrant = int(0xC905664CU),
         eKORVADeny = int(0x09BB3932U), ///< deny
@@ -27,7 +28,7 @@ public:
     using Identity = korva::TypeIdentity<eKORVAAccessEnum>;
 
     KORVAAccessEnum();
-    /// Copies the value; nothing is registered.
+    /// Copies the value; a word that is held as it stands is copied into `registry`.
     KORVAAccessEnum(const KORVAAccessEnum& other, KORVAObjectRegistryI& registry);
     ~KORVAAccessEnum() override;
 
@@ -38,7 +39,7 @@ public:
 
     /// The word of a value, which lives as long as the process; the empty text for
     /// eKOVRAUninitialized.
-    /// @throws ZELAssertError the value is none of this enumeration
+    /// @throws ZELAssertError the value has no word in this enumeration
     static const char* enumToString(Enum value);
 
     /// Sets the value of a word, as stringToEnum finds it.
@@ -47,7 +48,7 @@ public:
     void setValue(Enum value);
     Enum getValue() const;
 
-    /// The word of the value, as enumToString finds it.
+    /// The word that is held as it stands, or that of the value, as enumToString finds it.
     const char* toString();
     using KORVA_EnumObject::toString;
 
