@@ -122,6 +122,7 @@ KORVASchemaTypeI* KORVADOMObjectDeserializer::read(const ZELIDOM_Element& domIn,
     contentHandler.setAttachmentHandler(m_attachmentHandler);
     contentHandler.setMaximumAttributes(m_maximumAttributes);
     contentHandler.setMaximumDeclarations(m_maximumDeclarations);
+    contentHandler.setPolicy(m_policy, m_observer, m_maximumReferences);
     for (ZELIDOM_Node node = domIn.getFirstChild(); !node.isNull(); node = node.getNextSibling()) {
         if (isElement(node))
             replay(node, contentHandler);
@@ -136,7 +137,8 @@ KORVASchemaTypeI* KORVADOMObjectDeserializer::read(const ZELIDOM_Element& domIn,
 
 KORVADOMObjectDeserializer::KORVADOMObjectDeserializer()
     : m_maximumAttributes(korva::ReadLimits().attributes),
-      m_maximumDeclarations(korva::ReadLimits().declarations) {}
+      m_maximumDeclarations(korva::ReadLimits().declarations),
+      m_maximumReferences(korva::ReadLimits().references) {}
 
 KORVADOMObjectDeserializer::~KORVADOMObjectDeserializer() = default;
 

@@ -38,6 +38,7 @@ struct KORVASOAPFault_PrivateData : korva::Record {
     const char* faultString = nullptr;
     KORVAFaultDetailArray* detail = nullptr;
     KORVAUndocumentedFaultDetailArray* undocumentedDetail = nullptr;
+    const char* detailText = nullptr;
 };
 
 namespace {
@@ -147,6 +148,7 @@ void KORVASOAPFault_PrivateData::copy(const KORVASOAPFault_PrivateData& source,
         faultString = korva::copyText(source.faultString, korva::TextCopy::Array, registry);
         detail = copyObject(source.detail, registry);
         undocumentedDetail = copyObject(source.undocumentedDetail, registry);
+        detailText = korva::copyText(source.detailText, korva::TextCopy::Array, registry);
     }
     ZEL_CATCH(nullptr);
 }
@@ -205,6 +207,14 @@ void KORVASOAPFault::setDetail(KORVAUndocumentedFaultDetailArray* value) {
 void KORVASOAPFault::setDetail(std::nullptr_t) {
     m_pPrivateData->detail = nullptr;
     m_pPrivateData->undocumentedDetail = nullptr;
+}
+
+const char* KORVASOAPFault::getDetailText() const {
+    return m_pPrivateData->detailText;
+}
+
+void KORVASOAPFault::setDetailText(const char* value) {
+    m_pPrivateData->detailText = value;
 }
 
 // ----- the two shapes of details -----
@@ -335,6 +345,7 @@ bool KORVASOAPFault::operator==(const KORVASchemaTypeI& other) const {
     return korva::equalTexts(left.faultActor, right.faultActor) &&
            korva::equalTexts(left.faultCode, right.faultCode) &&
            korva::equalTexts(left.faultString, right.faultString) &&
+           korva::equalTexts(left.detailText, right.detailText) &&
            equalOrNull(left.detail, right.detail) &&
            equalOrNull(left.undocumentedDetail, right.undocumentedDetail);
 }

@@ -25,8 +25,8 @@ struct Element {
 
 /// Is told of a document in its order, prefixes before the element that declares them.
 ///
-/// The texts of an event live as long as the call, but for local names, prefixes and namespaces of
-/// elements and declarations: they live as long as the parse.
+/// The texts of an event live as long as the call, but for local names, prefixes and namespaces:
+/// they live as long as the parse.
 class DocumentReceiver {
 public:
     DocumentReceiver() = default;

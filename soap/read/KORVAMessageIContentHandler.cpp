@@ -13,7 +13,8 @@ KORVAMessageIContentHandler::KORVAMessageIContentHandler(
     const auto* const m_supportedPortTypes = &supportedPortTypes;
     ZEL_ASSERT(m_supportedPortTypes->size() > 0);
     ZEL_TRY {
-        m_reader.reset(new korva::MessageReader(supportedPortTypes));
+        m_target.reset(new korva::RequestTarget(supportedPortTypes));
+        m_reader.reset(new korva::MessageReader(*m_target));
         m_events.reset(new korva::WideEvents(converter));
         return;
     }
@@ -27,7 +28,8 @@ KORVAMessageIContentHandler::KORVAMessageIContentHandler(KORVAPortTypeBinding& b
     const KORVAMessageI* const m_msgObj = message;
     ZEL_ASSERT(m_msgObj);
     ZEL_TRY {
-        m_reader.reset(new korva::MessageReader(binding, *message));
+        m_target.reset(new korva::ReplyTarget(binding, *message));
+        m_reader.reset(new korva::MessageReader(*m_target));
         m_events.reset(new korva::WideEvents(converter));
         return;
     }

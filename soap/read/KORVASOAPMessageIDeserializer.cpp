@@ -28,8 +28,10 @@ void KORVASOAPMessageIDeserializer::parse(BRIMInputStream& stream, KORVAPortType
     ZEL_ASSERT(pMsg);
     m_header = nullptr;
     m_objectRegistry = pMsg->getObjectRegistry();
-    korva::MessageReader reader(binding, *pMsg);
-    parse(stream, reader);
+    korva::ReplyTarget target(binding, *pMsg);
+    korva::MessageReader reader(target);
+    parse(stream, reader, m_observer);
+    throwFault(reader);
 }
 
 void KORVASOAPMessageIDeserializer::parse(BRIMInputStream& stream,
@@ -38,14 +40,17 @@ void KORVASOAPMessageIDeserializer::parse(BRIMInputStream& stream,
     m_header = nullptr;
     const auto* const m_supportedPortTypes = &supportedPortTypes;
     ZEL_ASSERT(m_supportedPortTypes->size() > 0);
-    korva::MessageReader reader(supportedPortTypes);
+    korva::RequestTarget target(supportedPortTypes);
+    korva::MessageReader reader(target);
     m_objectRegistry = KORVAObjectRegistryFactory::getInstance().create();
-    parse(stream, reader);
+    parse(stream, reader, m_observer);
+    throwFault(reader);
     result = reader.binding();
     result->getInputMessage().setObjectRegistry(m_objectRegistry.get());
 }
 
-void KORVASOAPMessageIDeserializer::parse(BRIMInputStream& stream, korva::MessageReader& reader) {
+void KORVASOAPMessageIDeserializer::parse(BRIMInputStream& stream, korva::MessageReader& reader,
+                                          KORVA_ReadingObserver* observer) {
     /// A caller can ask for the header after a failure, too.
     struct HeaderNote {
         KORVAHalyardHeader*& header;
@@ -57,9 +62,13 @@ void KORVASOAPMessageIDeserializer::parse(BRIMInputStream& stream, korva::Messag
     if (m_attachmentHandler != nullptr) m_attachmentHandler->clear();
     reader.context().attachmentHandler = m_attachmentHandler;
     reader.context().registry = m_objectRegistry.get();
+    reader.setRules(m_policy, observer, m_reader->limits());
     m_reader->parse(
-        stream, reader,
+        stream, reader, reader.context().findings,
         {"KORVASOAPMessageIDeserializer::parse", "KORVASOAPMessageIDeserializer::parse()"});
+}
+
+void KORVASOAPMessageIDeserializer::throwFault(const korva::MessageReader& reader) const {
     if (KORVASOAPFault* const fault = reader.fault())
         ZEL_THROW(KORVASOAPFaultException(reader.header(), *fault, m_objectRegistry.get()),
                   "KORVASOAPMessageIDeserializer::parse()");
@@ -111,4 +120,16 @@ void KORVASOAPMessageIDeserializer::setRefuseDocumentType(bool refuse) {
 
 void KORVASOAPMessageIDeserializer::setMaximumNames(std::size_t names) {
     m_reader->limits().names = names;
+}
+
+void KORVASOAPMessageIDeserializer::setMaximumReferences(std::size_t references) {
+    m_reader->limits().references = references;
+}
+
+void KORVASOAPMessageIDeserializer::setPolicy(const KORVA_ReadingPolicy& policy) {
+    m_policy = policy;
+}
+
+void KORVASOAPMessageIDeserializer::setObserver(KORVA_ReadingObserver* observer) {
+    m_observer = observer;
 }

@@ -35,13 +35,25 @@ void KORVASchemaTypeIContentHandler::setAttachmentHandler(KORVA_AttachmentHandle
     m_reader->context().attachmentHandler = handler;
 }
 
+void KORVASchemaTypeIContentHandler::setPolicy(const KORVA_ReadingPolicy& policy,
+                                               KORVA_ReadingObserver* observer,
+                                               std::size_t maximumReferences) {
+    ZEL_TRY {
+        korva::ReadLimits limits;
+        limits.references = maximumReferences;
+        m_reader->setRules(policy, observer, limits);
+        return;
+    }
+    ZEL_CATCH("KORVASchemaTypeIContentHandler::setPolicy");
+}
+
 KORVASchemaTypeIContentHandler::ObjectType KORVASchemaTypeIContentHandler::getParamType() const {
     return m_reader->value().type();
 }
 
 void* KORVASchemaTypeIContentHandler::getParamValue() {
     m_events->endText(*m_reader);
-    return m_reader->value().value();
+    return m_reader->rootValue();
 }
 
 bool KORVASchemaTypeIContentHandler::takesText() const {

@@ -23,7 +23,8 @@ KORVASchemaTypeI* KORVAXMLDeserializer::parse(BRIMInputStream& stream,
                                               KORVAObjectRegistryI* registry) {
     KORVANamespaceMapping namespaceMapping;
     korva::RootReader reader(&namespaceMapping, registry);
-    m_reader->parse(stream, reader,
+    reader.setRules(m_policy, m_observer, m_reader->limits());
+    m_reader->parse(stream, reader, reader.context().findings,
                     {"KORVAXMLDeserializer::parse", "KORVAXMLDeserializer::parse()"});
     return reader.result();
 }
@@ -50,4 +51,20 @@ void KORVAXMLDeserializer::setMaximumDeclarations(std::size_t declarations) {
 
 void KORVAXMLDeserializer::setMaximumNames(std::size_t names) {
     m_reader->limits().names = names;
+}
+
+void KORVAXMLDeserializer::setMaximumReferences(std::size_t references) {
+    m_reader->limits().references = references;
+}
+
+void KORVAXMLDeserializer::setMaximumExpandedText(std::size_t units) {
+    m_reader->limits().expandedText = units;
+}
+
+void KORVAXMLDeserializer::setPolicy(const KORVA_ReadingPolicy& policy) {
+    m_policy = policy;
+}
+
+void KORVAXMLDeserializer::setObserver(KORVA_ReadingObserver* observer) {
+    m_observer = observer;
 }

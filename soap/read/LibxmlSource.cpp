@@ -117,7 +117,7 @@ private:
 };
 
 /// The parse of one document.
-class LibxmlSource::Parse {
+class LibxmlSource::Parse final : public DocumentLocator {
 public:
     Parse(Parser& parser, DocumentBytes& bytes, ReadGuard& guard)
         : m_parser(parser), m_context(parser.context()), m_bytes(bytes), m_guard(guard) {}
@@ -126,28 +126,28 @@ public:
 
     void run();
 
+    DocumentPosition position() const noexcept override;
+
 private:
     static Parse& of(void* data) { return *static_cast<Parse*>(data); }
 
     /// Calls `action` unless the parse failed before. No exception may go through the parser.
     template <class Action>
-    void guarded(Action action, int behind = 0) noexcept {
+    void guarded(Action action) noexcept {
         if (m_failure) return;
         try {
             action();
         } catch (...) {
-            fail(behind);
+            fail();
         }
     }
 
-    void fail(int behind = 0) noexcept {
+    void fail() noexcept {
         m_failure = std::current_exception();
-        m_guard.notePosition(position(behind));
+        m_guard.notePosition(position());
         // The parser finds no more than it has, and tells nobody.
         m_context.disableSAX = 1;
     }
-
-    DocumentPosition position(int behind) const noexcept;
 
     void startElement(const xmlChar* localName, const xmlChar* prefix, const xmlChar* uri,
                       int declarationCount, const xmlChar** declarations, int attributeCount,
@@ -164,6 +164,7 @@ private:
     xmlParserCtxt& m_context;
     DocumentBytes& m_bytes;
     ReadGuard& m_guard;
+    int m_behind = 0;  ///< how much of what is being told the parser has not passed
     std::exception_ptr m_failure;
     std::vector<Attribute> m_attributes;  ///< of the last start tag
     std::size_t m_depth = 0;
@@ -188,13 +189,12 @@ xmlSAXHandler LibxmlSource::Parse::handler() {
         const bool isEmpty = end[0] == '/' && end[1] == '>';
         if (!isEmpty && end[0] != '>') return;
         // Behind the '>', where a reader of the text would be.
-        const int behind = isEmpty ? 2 : 1;
-        parse.guarded(
-            [&] {
-                parse.startElement(localName, prefix, uri, declarationCount, declarations,
-                                   attributeCount, attributes);
-            },
-            behind);
+        parse.m_behind = isEmpty ? 2 : 1;
+        parse.guarded([&] {
+            parse.startElement(localName, prefix, uri, declarationCount, declarations,
+                               attributeCount, attributes);
+        });
+        parse.m_behind = 0;
     };
     handler.endElementNs = [](void* data, const xmlChar*, const xmlChar*, const xmlChar*) {
         of(data).guarded([data] { of(data).endElement(); });
@@ -252,11 +252,11 @@ void LibxmlSource::Parse::run() {
     xmlCtxtReset(&m_context);
 }
 
-DocumentPosition LibxmlSource::Parse::position(int behind) const noexcept {
+DocumentPosition LibxmlSource::Parse::position() const noexcept {
     const xmlParserInput* const input = m_context.input;
     if (input == nullptr || input->line <= 0) return {};
     return {static_cast<unsigned long long>(input->line),
-            static_cast<unsigned long long>(input->col + behind)};
+            static_cast<unsigned long long>(input->col + m_behind)};
 }
 
 // ----- events -----
@@ -436,7 +436,11 @@ void LibxmlSource::parse(DocumentBytes& bytes, ReadGuard& guard) {
     // A parser that fails is not used again.
     std::unique_ptr<Parser> parser = std::move(m_parser);
     if (parser == nullptr) parser = std::make_unique<Parser>(Parse::handler());
-    Parse(*parser, bytes, guard).run();
+    Parse parse(*parser, bytes, guard);
+    guard.setLocator(&parse);
+    const std::unique_ptr<ReadGuard, void (*)(ReadGuard*)> end(
+        &guard, [](ReadGuard* told) { told->setLocator(nullptr); });
+    parse.run();
     if (parser->isOrdinary()) m_parser = std::move(parser);
 }
 

@@ -2,17 +2,18 @@
 
 #include "core/NumberedError.h"
 #include "soap/read/FoundInstead.h"
-#include "soap/read/PortTypeAdvice.h"
+#include "soap/read/RecordReader.h"
 
 #include <i18n/KORVAI18NRes.h>
 #include <i18n/KORVAMessageId.h>
-#include <korva/KORVAMessageFactory.h>
-#include <korva/KORVAMessageI.h>
+#include <korva/KORVAException.h>
 #include <korva/KORVAObjectRegistryI.h>
-#include <korva/KORVAPortTypeI.h>
 #include <korva/KORVASOAPFault.h>
+#include <korva/KORVASchemaTypesFactory.h>
+#include <korva/KORVA_String.h>
 #include <zel/ZELAssert.h>
 
+#include <cstring>
 #include <string>
 
 namespace korva {
@@ -29,10 +30,20 @@ bool isOfEnvelope(const Element& element, std::string_view localName) {
            element.uri == KORVAI18NRes::getView(KORVAI18NRes::eSoapEnvelopeNamespace);
 }
 
+std::string_view idOf(const Element& element, AttributeNamespaces& namespaces) {
+    return TypeAttributes(element, namespaces).id;
+}
+
 }  // namespace
 
-KORVAPortTypeBinding* MessageReader::binding() const {
-    return m_givenBinding != nullptr ? m_givenBinding : m_binding.get();
+void MessageReader::setRules(const KORVA_ReadingPolicy& policy, KORVA_ReadingObserver* observer,
+                             const ReadLimits& limits) {
+    m_context.findings.policy = policy;
+    m_context.findings.observer = observer;
+    if (!policy.resolvesReferences()) return;
+    m_references =
+        std::make_unique<References>(m_context, limits, static_cast<RootReceiver&>(*this));
+    m_context.references = m_references.get();
 }
 
 // ----- starts of elements -----
@@ -40,6 +51,7 @@ KORVAPortTypeBinding* MessageReader::binding() const {
 void MessageReader::startElement(const Element& element) {
     KORVAObjectRegistryI* const m_objectRegistry = m_context.registry;
     ZEL_ASSERT(m_objectRegistry);
+    if (m_references != nullptr) m_references->weigh(1);
     switch (m_place) {
         case Place::Outside: startEnvelope(element); break;
         case Place::Envelope: startFrame(element); break;
@@ -52,7 +64,22 @@ void MessageReader::startElement(const Element& element) {
             ZEL_ASSERT(m_schemaTypeContentHandler);
             m_schemaTypeContentHandler->startElement(element);
             break;
-        case Place::Skipped: ++m_depth; break;
+        case Place::Shared:
+            if (const std::string_view id = idOf(element, m_context.attributeNamespaces);
+                !id.empty())
+                m_references->noteIdInRecord(id);
+            m_record->addStart(element);
+            ++m_depth;
+            break;
+        case Place::Detail:
+            if (m_depth == 1 && std::strcmp(element.localName, "exception") != 0 &&
+                !TypeAttributes(element, m_context.attributeNamespaces).type)
+                m_isDetailForeign = true;
+            m_record->addStart(element);
+            ++m_depth;
+            break;
+        case Place::Skipped:
+        case Place::NoChild: ++m_depth; break;
     }
 }
 
@@ -76,27 +103,24 @@ void MessageReader::startFrame(const Element& element) {
 void MessageReader::startEntry(const Element& element) {
     m_place = Place::Entry;
     m_depth = 1;
-    startValue(element, element.localName == busHeader ? KORVASchemaTypeI::eKORVAHalyardHeader
-                                                       : KORVASchemaTypeI::e_Unknown);
+    ParameterType type;
+    if (element.localName == busHeader) type.expected = KORVASchemaTypeI::eKORVAHalyardHeader;
+    startValue(element, type, 0);
 }
 
 void MessageReader::startOperation(const Element& element) {
     const bool isFault = m_fault == nullptr && isOfEnvelope(element, "Fault");
-    if (m_hasOperation && !isFault) {
-        m_place = Place::Skipped;
-        m_depth = 1;
-        return;
-    }
+    if (m_hasOperation && !isFault) return startFurther(element);
     m_hasOperation = true;
     m_place = Place::Operation;
     m_parameterCount = 0;
+    m_furtherPrefixes.clear();
+    if (isFault) return startFault();
     // A binding keeps the pointer.
-    m_operationName = m_context.texts.keep(
-        element.localName, std::string_view(element.localName).size(), *m_context.registry);
-    if (isFault)
-        startFault();
-    else if (m_givenBinding == nullptr)
-        findPortType(element);
+    m_target.start(
+        m_context.texts.keep(element.localName, std::string_view(element.localName).size(),
+                             *m_context.registry),
+        element.uri);
 }
 
 /// The children of a fault then come as parameters.
@@ -104,51 +128,76 @@ void MessageReader::startFault() {
     m_fault = m_context.registry->make<KORVASOAPFault>();
 }
 
-void MessageReader::findPortType(const Element& element) {
-    ZEL_ASSERT(m_supportedPortTypes);
-    for (KORVAPortTypeI* const portType : *m_supportedPortTypes)
-        if (element.uri == portType->getBoundNamespace()) {
-            m_boundPortType = portType;
-            return;
-        }
-    // The label is as published.
-    refusePortType(m_operationName, element.uri, *m_supportedPortTypes,
-                   "KORVAMessageIContentHandler::characters");
+/// An element behind the operation: nobody's, unless others refer to it.
+void MessageReader::startFurther(const Element& element) {
+    m_depth = 1;
+    const std::string_view id = idOf(element, m_context.attributeNamespaces);
+    if (m_references == nullptr || id.empty()) {
+        m_place = Place::Skipped;
+        m_context.findings.tell(KORVA_ReadingFinding::eFurtherElement, element,
+                                "it stands behind the operation");
+        return;
+    }
+    m_place = Place::Shared;
+    m_record = &m_references->record(id, std::make_unique<ElementRecord>(m_context.findings.place));
+    for (const Declaration& declaration : m_furtherPrefixes)
+        m_record->addPrefix(declaration.prefix, declaration.uri);
+    m_furtherPrefixes.clear();
+    m_record->addStart(element);
 }
 
 void MessageReader::startParameter(const Element& element) {
-    m_place = Place::Parameter;
-    m_depth = 1;
     ++m_parameterCount;
     m_parameterName = element.localName;
-    ObjectType expectedType = KORVASchemaTypeI::e_Unknown;
-    if (m_fault != nullptr)
-        expectedType = m_fault->getChildType(m_parameterName);
-    else if (m_boundPortType != nullptr)
-        expectedType = m_boundPortType->resolveOperationParamType(m_operationName, m_parameterName);
-    else if (m_msgObj != nullptr)
-        expectedType = m_msgObj->getChildType(messageParameterName(m_parameterName));
-    ZEL_ASSERT(m_schemaTypeContentHandler == NULL);
-    startValue(element, expectedType);
+    m_depth = 1;
+    if (m_fault != nullptr) return startFaultChild(element);
+    m_place = Place::Parameter;
+    startValue(element, m_target.typeOf(m_parameterName, m_parameterCount), m_parameterCount);
 }
 
-void MessageReader::startValue(const Element& element, ObjectType expectedType) {
+void MessageReader::startFaultChild(const Element& element) {
+    if (m_context.findings.policy.keepsForeignDetails()) {
+        const std::string_view name = element.localName;
+        if (name == KORVAI18NRes::getView(KORVAI18NRes::eFaultDetail)) return startDetail(element);
+        if (name != KORVAI18NRes::getView(KORVAI18NRes::eFaultCode) &&
+            name != KORVAI18NRes::getView(KORVAI18NRes::eFaultString) &&
+            name != KORVAI18NRes::getView(KORVAI18NRes::eFaultActor)) {
+            m_place = Place::NoChild;
+            m_context.findings.tell(KORVA_ReadingFinding::eSkippedElement, element,
+                                    "no fault has such a child");
+            return;
+        }
+    }
+    m_place = Place::Parameter;
+    startValue(element, {m_fault->getChildType(m_parameterName), KORVASchemaTypeI::e_Unknown},
+               m_parameterCount);
+}
+
+/// The details come when the body ends, in one shape or as text.
+void MessageReader::startDetail(const Element& element) {
+    m_place = Place::Detail;
+    m_isDetailForeign = false;
+    m_detail = std::make_unique<ElementRecord>(m_context.findings.place);
+    m_record = m_detail.get();
+    for (std::size_t i = 0; i != m_mapping.size(); ++i)
+        m_record->addPrefix(m_mapping.getPrefixAt(i), m_mapping.getNamespaceAt(i));
+    m_record->addStart(element);
+}
+
+void MessageReader::startValue(const Element& element, ParameterType type, std::size_t number) {
+    ZEL_ASSERT(m_schemaTypeContentHandler == NULL);
     m_value.clear();
-    m_value.startRoot(element, expectedType);
+    m_value.startRoot(element, type.expected, type.declared, m_roots.size());
+    if (m_value.isReference()) m_roots.push_back({element.localName, number});
     m_schemaTypeContentHandler = &m_value;
 }
 
-/// The message's name for the parameter that is being read: a reply's first element may be called
-/// anything.
-const char* MessageReader::messageParameterName(const char* name) const {
-    if (m_parameterCount != 1) return name;
-    const KORVAMessageFactory::KORVAParamDescriptor* const first =
-        KORVAMessageFactory::getInstance().getParameterTypes(m_msgObj->getMessageType());
-    return first != nullptr && first->name != nullptr ? first->name : name;
-}
-
 void MessageReader::text(std::string_view piece) {
-    if (m_schemaTypeContentHandler != nullptr) m_schemaTypeContentHandler->text(piece);
+    if (m_references != nullptr) m_references->weigh(piece.size());
+    if (m_schemaTypeContentHandler != nullptr)
+        m_schemaTypeContentHandler->text(piece);
+    else if (isRecording())
+        m_record->addText(piece);
 }
 
 // ----- ends of elements -----
@@ -157,8 +206,11 @@ void MessageReader::endElement() {
     switch (m_place) {
         case Place::Outside: break;
         case Place::Envelope: m_place = Place::Outside; break;
-        case Place::Header:
-        case Place::Body: m_place = Place::Envelope; break;
+        case Place::Header: m_place = Place::Envelope; break;
+        case Place::Body:
+            endBody();
+            m_place = Place::Envelope;
+            break;
         case Place::Operation: m_place = Place::Body; break;
         case Place::Entry:
             if (m_depth == 1)
@@ -177,6 +229,17 @@ void MessageReader::endElement() {
         case Place::Skipped:
             if (--m_depth == 0) m_place = Place::Body;
             break;
+        case Place::NoChild:
+            if (--m_depth == 0) m_place = Place::Operation;
+            break;
+        case Place::Shared:
+            m_record->addEnd();
+            if (--m_depth == 0) m_place = Place::Body;
+            break;
+        case Place::Detail:
+            m_record->addEnd();
+            if (--m_depth == 0) m_place = Place::Operation;
+            break;
     }
 }
 
@@ -189,25 +252,84 @@ void MessageReader::endEntry() {
     ValueReader& entry = value();
     if (entry.type() == KORVASchemaTypeI::eKORVAHalyardHeader)
         m_header = static_cast<KORVAHalyardHeader*>(entry.value());
+    entry.endRoot();
     m_schemaTypeContentHandler = nullptr;
 }
 
 void MessageReader::endParameter() {
-    const ObjectType type = value().type();
-    void* const object = value().value();
-    if (m_fault != nullptr) {
-        // A nil child stays unset.
-        if (object != nullptr) m_fault->setChildObject(m_parameterName, object, type, nullptr);
-    } else if (m_givenBinding == nullptr) {
-        m_parameters.push_back(std::make_unique<KORVAMessageParam>(m_parameterName, type, object));
-    } else {
-        if (m_msgObj == nullptr) ZEL_ASSERT_NAMED(false, "Inconsistent object state.");
-        // An element that is none of the message's parameters goes no further.
-        const char* const parameter = messageParameterName(m_parameterName);
-        if (m_msgObj->getChildType(parameter) != KORVASchemaTypeI::e_Unknown)
-            m_msgObj->setChildObject(parameter, object, type);
-    }
+    ValueReader& parameter = value();
+    const ObjectType type = parameter.type();
+    void* const object = parameter.value();
+    const bool isReference = parameter.isReference();
+    parameter.endRoot();
     m_schemaTypeContentHandler = nullptr;
+    if (!isReference) takeParameter(m_parameterName, m_parameterCount, type, object);
+}
+
+void MessageReader::takeParameter(const char* name, std::size_t number, ObjectType type,
+                                  void* value) {
+    if (m_fault == nullptr)
+        m_target.take(name, number, type, value);
+    else if (value != nullptr)
+        // A nil child stays unset.
+        m_fault->setChildObject(name, value, type, nullptr);
+}
+
+// ----- the end of the body -----
+
+/// Completes what was read: all that others refer to has come.
+void MessageReader::endBody() {
+    m_furtherPrefixes.clear();
+    if (m_references != nullptr) m_references->resolve();
+    if (m_detail == nullptr) return;
+    if (!readDetail()) keepDetailText();
+    m_detail.reset();
+}
+
+/// Reads the details of the fault in one of the two shapes: false if they have another.
+bool MessageReader::readDetail() {
+    if (m_isDetailForeign) return false;
+    try {
+        RecordReader reader(m_context, *m_detail);
+        reader.read(KORVASchemaTypeI::eKORVAFaultDetailArray);
+        if (m_references != nullptr) m_references->resolve();
+        if (reader.value() != nullptr)
+            m_fault->setChildObject(KORVAI18NRes::getChar(KORVAI18NRes::eFaultDetail),
+                                    reader.value(), reader.type(), nullptr);
+        return true;
+    } catch (const KORVAException&) {
+        // What the details hold must not hide that there is a fault.
+        if (m_context.findings.policy.refusesFindings()) throw;
+        if (m_references != nullptr) m_references->forget();
+        return false;
+    }
+}
+
+void MessageReader::keepDetailText() {
+    m_context.findings.tell(KORVA_ReadingFinding::eForeignDetail, {},
+                            KORVAI18NRes::getChar(KORVAI18NRes::eFaultDetail),
+                            "it has neither shape of details, and is kept as text");
+    const std::string text = m_detail->toText();
+    m_fault->setDetailText(m_context.texts.keep(text.c_str(), text.size(), *m_context.registry));
+}
+
+/// A parameter or the bus header that is a reference has its value.
+void MessageReader::setRoot(std::size_t number, const ElementValue& value) {
+    const Root& root = m_roots[number];
+    if (root.number == 0) {
+        if (value.type == KORVASchemaTypeI::eKORVAHalyardHeader)
+            m_header = static_cast<KORVAHalyardHeader*>(value.value);
+        return;
+    }
+    void* taken = value.value;
+    if (taken != nullptr && KORVASchemaTypesFactory::isString(value.type)) {
+        // Messages take texts in buffers.
+        auto string = std::make_unique<KORVA_String>();
+        string->appendChars(static_cast<const char*>(value.value), value.length);
+        m_context.registry->registerPointer(string.get());
+        taken = string.release()->buffer();
+    }
+    takeParameter(root.name, root.number, value.type, taken);
 }
 
 // ----- documents and prefixes -----
@@ -222,31 +344,22 @@ void MessageReader::endDocument() {
     // clang-format off
     ZEL_ASSERT_NAMED(getNamespaceMapping().size() == 0, "There are namespace prefixes left on the mapping stack.");
     // clang-format on
-    if (m_fault != nullptr) return;
-    if (m_givenBinding != nullptr)
-        // Also without one: the message may have been used before.
-        m_msgObj->setHalyardHeader(m_header);
-    else
-        bind();
-}
-
-void MessageReader::bind() {
-    ZEL_ASSERT(m_boundPortType);
-    std::vector<KORVAMessageParam*> parameters;
-    parameters.reserve(m_parameters.size());
-    for (const auto& parameter : m_parameters)
-        parameters.push_back(parameter.get());
-    m_binding = m_boundPortType->createPortTypeBinding(m_operationName, parameters);
-    m_binding->getInputMessage().setHalyardHeader(m_header);
-    m_parameters.clear();
+    // A header may stand behind the body.
+    if (m_references != nullptr) m_references->resolve();
+    if (m_fault == nullptr) m_target.finish(m_header);
 }
 
 void MessageReader::startPrefix(const char* prefix, const char* uri) {
     m_mapping.addBorrowed(prefix, uri);
+    if (isRecording())
+        m_record->addPrefix(prefix, uri);
+    else if (m_references != nullptr && m_place == Place::Body && m_hasOperation)
+        m_furtherPrefixes.push_back({prefix, uri});
 }
 
 void MessageReader::endPrefix(const char* prefix) {
     m_mapping.remove(prefix);
+    if (isRecording()) m_record->addPrefixEnd(prefix);
 }
 
 }  // namespace korva

@@ -9,24 +9,6 @@
 
 namespace korva {
 
-namespace {
-
-/// How much of the path of a deep element is told at its start and at its end.
-constexpr std::size_t longPath = 200;
-
-/// The number of elements, from the one end or the other, whose names make up a long path.
-template <class Iterator>
-std::size_t countOfLongPath(Iterator name, Iterator end) {
-    std::size_t count = 0;
-    for (std::size_t length = 0; name != end; ++name, ++count) {
-        length += std::string_view(*name).size() + 1;
-        if (length > longPath) break;
-    }
-    return count;
-}
-
-}  // namespace
-
 void ReadGuard::notePosition(DocumentPosition position) noexcept {
     if (m_isPlaceNoted) return;
     m_isPlaceNoted = true;
@@ -37,41 +19,18 @@ void ReadGuard::notePosition(DocumentPosition position) noexcept {
     }
 }
 
+DocumentPosition ReadGuard::position() const {
+    return m_locator != nullptr ? m_locator->position() : DocumentPosition();
+}
+
 std::string ReadGuard::placeAt(DocumentPosition position) const {
     std::string text;
     if (position.line != 0)
         text =
             "line " + std::to_string(position.line) + ", column " + std::to_string(position.column);
     if (m_path.empty()) return text;
-
     if (!text.empty()) text += ", ";
-    text += "element ";
-    const auto append = [&](std::size_t from, std::size_t to) {
-        for (; from != to; ++from) {
-            text += '/';
-            text += m_path[from];
-        }
-    };
-    const std::size_t first = countOfLongPath(m_path.begin(), m_path.end());
-    const std::size_t last = countOfLongPath(m_path.rbegin(), m_path.rend());
-    if (first + last >= m_path.size()) {
-        append(0, m_path.size());
-    } else {
-        append(0, first);
-        text += "/...";
-        append(m_path.size() - last, m_path.size());
-        if (last == 0) {
-            // A name longer than a long path: its start.
-            std::string_view name(m_path.back());
-            std::size_t length = longPath;
-            while ((static_cast<unsigned char>(name[length]) & 0xC0U) == 0x80U)
-                --length;
-            text += '/';
-            text += name.substr(0, length);
-            text += "...";
-        }
-    }
-    return text;
+    return text + "element " + pathOf(m_path);
 }
 
 void ReadGuard::refuse(const char* what, std::size_t limit, const char* setter) const {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "soap/read/DocumentReceiver.h"
+#include "soap/read/Findings.h"
 #include "soap/read/ReadLimits.h"
 #include "soap/read/Utf16.h"
 
@@ -11,10 +12,17 @@
 
 namespace korva {
 
-/// A place in a document, counted from 1; 0 where it is not known.
-struct DocumentPosition {
-    unsigned long long line = 0;
-    unsigned long long column = 0;
+/// Where a source is.
+class DocumentLocator {
+public:
+    DocumentLocator() = default;
+    DocumentLocator(const DocumentLocator&) = delete;
+    DocumentLocator& operator=(const DocumentLocator&) = delete;
+
+    virtual DocumentPosition position() const = 0;
+
+protected:
+    ~DocumentLocator() = default;
 };
 
 /// What a source throws that finds a document which is not well-formed.
@@ -24,13 +32,19 @@ struct NotWellFormed {
 
 /// Hands a source's events on to a reader. Counts what limits are set for before the reader sees
 /// it, and remembers the place of a failure.
-class ReadGuard final : public DocumentReceiver {
+class ReadGuard final : public DocumentReceiver, public DocumentPlace {
 public:
     /// @param label the function that a broken limit is reported for
     ReadGuard(DocumentReceiver& reader, const ReadLimits& limits, const char* label)
         : m_reader(reader), m_limits(limits), m_label(label), m_textLeft(limits.text) {}
 
     const ReadLimits& limits() const { return m_limits; }
+
+    /// The source that tells this guard, or null: it must live until it is set to null.
+    void setLocator(const DocumentLocator* locator) { m_locator = locator; }
+
+    DocumentPosition position() const override;
+    std::string path() const override { return pathOf(m_path); }
 
     /// Remembers where the document is, unless an earlier failure did. The source and its names are
     /// not needed behind this.
@@ -76,6 +90,7 @@ private:
     [[noreturn]] void refuse(const char* what, std::size_t limit, const char* setter) const;
 
     DocumentReceiver& m_reader;
+    const DocumentLocator* m_locator = nullptr;
     const ReadLimits& m_limits;
     const char* m_label;
     std::vector<const char*> m_path;    ///< names of the open elements

@@ -15,7 +15,9 @@ struct ReadLimits {
     std::size_t names = 50'000;  ///< that differ, of elements, attributes, prefixes
     std::size_t entityExpansions = 10'000;
     std::size_t entityNesting = 64;
-    std::size_t expandedText = std::size_t{1} << 20U;  ///< or ten times the document, in UTF-16
+    /// Or ten times the document, in UTF-16; the same for what references lead to.
+    std::size_t expandedText = std::size_t{1} << 20U;
+    std::size_t references = 100'000;  ///< between elements
     bool refuseDocumentType = false;
 };
 

@@ -11,6 +11,28 @@ KORVANamespaceMapping& RootReader::mapping() const {
     return *m_inScopePrefixesToNamespaceMappings;
 }
 
+void RootReader::setRules(const KORVA_ReadingPolicy& policy, KORVA_ReadingObserver* observer,
+                          const ReadLimits& limits) {
+    m_context.findings.policy = policy;
+    m_context.findings.observer = observer;
+    m_context.findings.place = this;
+    m_limits = limits;
+    m_references =
+        policy.resolvesReferences()
+            ? std::make_unique<References>(m_context, m_limits, static_cast<RootReceiver&>(*this))
+            : nullptr;
+    m_context.references = m_references.get();
+}
+
+void* RootReader::rootValue() {
+    void* const root = m_value.value();
+    if (m_references != nullptr) {
+        m_value.endRoot();
+        m_references->resolve();
+    }
+    return root;
+}
+
 void RootReader::startRoot(const Element& element, ObjectType expectedType) {
     m_isDocument = false;
     m_context.mapping = &mapping();
@@ -40,6 +62,7 @@ void RootReader::endPrefix(const char* prefix) {
 
 void RootReader::startElement(const Element& element) {
     m_context.mapping = &mapping();
+    if (m_references != nullptr) m_references->weigh(1);
     if (m_isDocument && m_value.isEmpty())
         m_value.startDocumentRoot(element);
     else
@@ -48,7 +71,9 @@ void RootReader::startElement(const Element& element) {
 
 void RootReader::endElement() {
     KORVASchemaTypeI* const root = m_value.endElement();
-    if (m_isDocument && m_value.isEmpty()) m_result = root;
+    if (!m_isDocument || !m_value.isEmpty()) return;
+    if (m_references != nullptr) m_references->resolve();
+    m_result = root;
 }
 
 }  // namespace korva

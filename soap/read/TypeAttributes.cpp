@@ -26,9 +26,14 @@ TypeAttributes::TypeAttributes(const Element& element, AttributeNamespaces& name
                     isNil = attribute.value == "true";
                 break;
             case 'h':
-                if (attribute.prefix.empty() && attribute.localName == "href" &&
-                    attribute.value.starts_with(contentIdScheme))
+                if (!attribute.prefix.empty() || attribute.localName != "href") break;
+                if (attribute.value.starts_with(contentIdScheme))
                     contentId = attribute.value.substr(contentIdScheme.size());
+                else if (attribute.value.starts_with('#'))
+                    referredId = attribute.value.substr(1);
+                break;
+            case 'i':
+                if (attribute.prefix.empty() && attribute.localName == "id") id = attribute.value;
                 break;
             default: break;
         }

@@ -1,11 +1,14 @@
 #include "soap/read/ValueReader.h"
 
+#include "core/ArrayAccess.h"
 #include "core/Fields.h"
 #include "core/Names.h"
 #include "core/NumberedError.h"
 #include "soap/attachments/AttachedValue.h"
 #include "soap/read/ReadingContext.h"
+#include "soap/read/References.h"
 #include "soap/read/TypeAttributes.h"
+#include "soap/read/TypeChecks.h"
 #include "types/Numbers.h"
 #include "types/PlainTypes.h"
 
@@ -15,7 +18,9 @@
 #include <korva/KORVAObjectRegistryI.h>
 #include <korva/KORVASchemaTypesFactory.h>
 #include <korva/KORVAXSBase64Binary.h>
+#include <korva/KORVA_ArrayObject.h>
 #include <korva/KORVA_AttachmentHandler.h>
+#include <korva/KORVA_EnumObject.h>
 #include <korva/KORVA_String.h>
 #include <zel/ZELAssert.h>
 #include <zel/ZELAssertError.h>
@@ -35,7 +40,6 @@ using Factory = KORVASchemaTypesFactory;
 // The names under which failures are told are published.
 constexpr const char* startElementLabel = "KORVASchemaTypeIContentHandler::startElement";
 constexpr const char* charactersLabel = "KORVASchemaTypeIContentHandler::characters";
-constexpr const char* checkTypeLabel = "KORVASchemaTypeIContentHandler::checkType()";
 
 /// From this size on a text keeps the buffer that it was collected in.
 constexpr std::size_t largeText = 4096;
@@ -44,20 +48,6 @@ constexpr std::size_t hugeText = 1 << 20;
 
 /// How much of a binary is collected before it is decoded, unless it ends.
 constexpr std::size_t largeEncoding = 65536;
-
-const char* xsiType(ObjectType type) {
-    return Factory::getInstance().objectTypeToXSIType(type);
-}
-
-/// @param object of a generated type, otherwise not looked at
-void checkType(const char* name, const KORVASchemaTypeI* object, ObjectType type,
-               ObjectType expected) {
-    if (type == expected) return;
-    if (!Factory::isGeneratedType(type))
-        KORVA_RAISE(eKORVA_WrongSimpleType, checkTypeLabel, name, xsiType(expected), xsiType(type));
-    if (!object->isa(expected))
-        KORVA_RAISE(eKORVA_WrongObjectType, checkTypeLabel, name, xsiType(expected), xsiType(type));
-}
 
 }  // namespace
 
@@ -155,6 +145,18 @@ void* ValueReader::value() {
                : frame.value;
 }
 
+std::string ValueReader::path() const {
+    // More than a path shows.
+    constexpr std::size_t enough = 128;
+    std::vector<const char*> names;
+    const std::size_t count = m_objStack.size();
+    for (std::size_t i = 0; i != count; ++i) {
+        if (i == enough && count > 2 * enough) i = count - enough;
+        if (m_objStack[i].name != nullptr) names.push_back(m_objStack[i].name);
+    }
+    return pathOf(names);
+}
+
 void ValueReader::assertNothingIsOpen() const {
     ZEL_ASSERT_NAMED(m_objStack.size() == 0, "There are objects left on the object stack.");
 }
@@ -186,8 +188,8 @@ ValueReader::Frame& ValueReader::pushObject(const char* name, ObjectType type,
     return push(isArray ? Kind::Items : Kind::Content, name, type, object);
 }
 
-void ValueReader::skip() {
-    push(Kind::Skipped, nullptr, KORVASchemaTypeI::e_Unknown).length = 1;
+void ValueReader::skip(const char* name) {
+    push(Kind::Skipped, name, KORVASchemaTypeI::e_Unknown).length = 1;
 }
 
 /// The newest frame is ready for its text, or for the attachment that it stands for.
@@ -200,25 +202,147 @@ void ValueReader::startText(const TypeAttributes& told) {
     m_objStack.back().refers = true;
 }
 
-void ValueReader::startRoot(const Element& element, ObjectType expectedType) {
+void ValueReader::startRoot(const Element& element, ObjectType expectedType,
+                            ObjectType declaredType, std::size_t number) {
     const char* const localname = element.localName;
     // clang-format off
     ZEL_ASSERT((localname != NULL) && (strlen( localname ) > 0));
     // clang-format on
     const TypeAttributes told(element, m_context.attributeNamespaces);
+    const ObjectType declared =
+        expectedType != KORVASchemaTypeI::e_Unknown ? expectedType : declaredType;
+    if (told.isShared()) [[unlikely]] {
+        noteShared(element, told);
+        if (isReference(told) && declared != KORVASchemaTypeI::e_Unknown) {
+            ReferencePlace place;
+            place.position = number;
+            place.declared = declared;
+            return startReference(element, told, place);
+        }
+    }
     ObjectType type = m_context.types.resolve(told, *m_context.mapping, localname);
-    if (type == KORVASchemaTypeI::e_Unknown) type = expectedType;
-    if (type == KORVASchemaTypeI::e_Unknown) return skip();
-    if (told.isNil) {
-        push(Kind::Nil, localname, type);
+    if (type == KORVASchemaTypeI::e_Unknown)
+        type = declared;
+    else if (type != declared)
+        type = asDeclared(type, declared, element);
+    if (type == KORVASchemaTypeI::e_Unknown) {
+        skip(element.localName);
+        m_context.findings.tell(KORVA_ReadingFinding::eSkippedElement, element,
+                                "neither it nor what holds it tells a type");
+        if (told.isShared()) identify(told);
         return;
     }
-    Frame& root = pushNew(localname, type);
-    if (root.kind == Kind::Number) root.value = makeNumberOfRoot(type);
-    if (expectedType != KORVASchemaTypeI::e_Unknown)
-        checkType(localname, objectOf(root), type, expectedType);
-    startText(told);
+    if (told.isNil) {
+        push(Kind::Nil, localname, type);
+    } else {
+        Frame& root = pushNew(localname, type);
+        if (root.kind == Kind::Number) root.value = makeNumberOfRoot(type);
+        if (expectedType != KORVASchemaTypeI::e_Unknown)
+            checkType(localname, objectOf(root), type, expectedType);
+        startText(told);
+    }
+    if (told.isShared()) [[unlikely]]
+        identify(told);
 }
+
+// ----- elements that are shared -----
+
+/// Tells of an element that refers to another, or that others may refer to.
+void ValueReader::noteShared(const Element& element, const TypeAttributes& told) const {
+    const bool isFollowed = m_context.references != nullptr;
+    if (!told.referredId.empty())
+        m_context.findings.tell(KORVA_ReadingFinding::eReference, element,
+                                isFollowed ? "it has the value of another element"
+                                           : "references are not followed, so it is empty");
+    if (!told.id.empty())
+        m_context.findings.tell(KORVA_ReadingFinding::eIdentity, element,
+                                "other elements may refer to it");
+}
+
+bool ValueReader::isReference(const TypeAttributes& told) const {
+    return m_context.references != nullptr && !told.referredId.empty();
+}
+
+/// The element has the value of another. What it holds itself is nobody's.
+void ValueReader::startReference(const Element& element, const TypeAttributes& told,
+                                 const ReferencePlace& place) {
+    skip(element.localName);
+    m_objStack.back().refers = true;
+    const bool isRoot = m_objStack.size() == 1;
+    if (isRoot) identify(told);
+    m_context.references->refer(place, element.localName, told.referredId);
+}
+
+/// A child that has the value of another element: false if the parent has no place for it.
+bool ValueReader::startReferringChild(const Element& element, const TypeAttributes& told) {
+    const Frame& parent = m_objStack.back();
+    ReferencePlace place;
+    place.object = objectOf(parent);
+    if (parent.kind == Kind::Fields) {
+        place.kind = ReferencePlace::Kind::Field;
+        place.field = findField(*parent.fields, nameCrc(element.localName)).field;
+        if (place.field == nullptr) return false;
+        place.declared = place.field->type;
+    } else {
+        // The details of a fault that stand in no schema are never shared.
+        if (parent.kind != Kind::Items || findHandWrittenType(parent.type) != nullptr) return false;
+        auto& array = static_cast<KORVA_ArrayObject&>(*place.object);
+        place.kind = ReferencePlace::Kind::Item;
+        place.position = array.size();
+        place.declared = array.getChildType(element.localName);
+        ArrayAccess::resize(array, place.position + 1);
+    }
+    startReference(element, told, place);
+    return true;
+}
+
+/// Others may refer to the newest frame.
+void ValueReader::identify(const TypeAttributes& told) {
+    if (m_context.references == nullptr || told.id.empty()) return;
+    Frame& frame = m_objStack.back();
+    // Where an item will be is not known yet.
+    if (frame.kind == Kind::Number && frame.value == nullptr)
+        frame.value = makeNumberOfRoot(frame.type);
+    m_context.references->open(told.id);
+    m_identified.push_back(m_objStack.size());
+}
+
+/// The newest frame, to which others may refer, has its value.
+void ValueReader::endIdentified() {
+    const Frame& frame = m_objStack.back();
+    m_identified.pop_back();
+    ElementValue value;
+    if (frame.kind != Kind::Skipped) {
+        value = {frame.type, frame.value, frame.length, frame.kind == Kind::Nil};
+        if (isRoot(frame) && frame.kind == Kind::Made && Factory::isString(frame.type))
+            value.value = const_cast<char*>(static_cast<ZELByteBuffer*>(frame.value)->str());
+    }
+    m_context.references->close(value);
+    if (frame.kind != Kind::Number || isRoot(frame)) return;
+    const Frame& parent = m_objStack[m_objStack.size() - 2];
+    if (parent.kind == Kind::Items)
+        objectOf(parent)->setChildObject(frame.name, frame.value, frame.type, nullptr);
+}
+
+void ValueReader::endRoot() {
+    if (!m_identified.empty()) endIdentified();
+}
+
+/// The type of an element that tells another one than the declared: toolkits call all texts
+/// strings.
+ObjectType ValueReader::asDeclared(ObjectType type, ObjectType declared, const Element& element) {
+    if (!m_context.findings.policy.takesPlainStrings() || !Factory::isString(type)) return type;
+    const TypeDescriptor* const row = findType(declared);
+    const bool isText = Factory::isString(declared) ||
+                        (row != nullptr && row->fields == nullptr && row->create != nullptr &&
+                         row->elementType == KORVASchemaTypeI::e_Unknown);
+    if (!isText) return type;
+    m_context.findings.tell(KORVA_ReadingFinding::ePlainString, element,
+                            "it calls itself a string, and is read as the declared type");
+    return declared;
+}
+
+// ----- further starts of elements -----
 
 void ValueReader::startDocumentRoot(const Element& element) {
     const TypeAttributes told(element, m_context.attributeNamespaces);
@@ -227,9 +351,18 @@ void ValueReader::startDocumentRoot(const Element& element) {
         return;
     }
     const ObjectType type = m_context.types.resolve(told, *m_context.mapping, element.localName);
-    if (type == KORVASchemaTypeI::e_Unknown) return skip();
+    if (told.isShared()) [[unlikely]]
+        noteShared(element, told);
+    if (type == KORVASchemaTypeI::e_Unknown) {
+        skip(element.localName);
+        m_context.findings.tell(KORVA_ReadingFinding::eSkippedElement, element,
+                                "it tells no type that is known");
+        return;
+    }
     pushNew(element.localName, type);
     startText(told);
+    if (told.isShared()) [[unlikely]]
+        identify(told);
 }
 
 void ValueReader::startElement(const Element& element) {
@@ -243,34 +376,45 @@ void ValueReader::startElement(const Element& element) {
     if (parent.refers)
         KORVA_RAISE(eKORVA_ElementInReference, startElementLabel, parent.name, m_contentId.c_str());
     const TypeAttributes told(element, m_context.attributeNamespaces);
+    if (told.isShared()) [[unlikely]] {
+        noteShared(element, told);
+        if (isReference(told) && startReferringChild(element, told)) return;
+    }
     if (told.isNil) {
         push(Kind::Nil, name, KORVASchemaTypeI::e_Unknown);
-        return;
-    }
-    bool isKnown = true;
-    switch (parent.kind) {
-        case Kind::Fields: isKnown = startField(name, told); break;
-        case Kind::Items: isKnown = startItem(name, told); break;
-        case Kind::Asked: startAsked(name, told); break;
-        default: KORVA_RAISE(eKORVA_ElementInSimpleValue, startElementLabel, name);
-    }
-    if (isKnown)
+    } else {
+        bool isKnown = true;
+        switch (parent.kind) {
+            case Kind::Fields: isKnown = startField(element, told); break;
+            case Kind::Items: isKnown = startItem(element, told); break;
+            case Kind::Asked: startAsked(element, told); break;
+            default: KORVA_RAISE(eKORVA_ElementInSimpleValue, startElementLabel, name);
+        }
+        if (!isKnown) {
+            skip(element.localName);
+            m_context.findings.tell(KORVA_ReadingFinding::eSkippedElement, element,
+                                    "what it stands in has no such child");
+            return;
+        }
         startText(told);
-    else
-        skip();
+    }
+    if (told.isShared()) [[unlikely]]
+        identify(told);
 }
 
-bool ValueReader::startField(const char* name, const TypeAttributes& told) {
+bool ValueReader::startField(const Element& element, const TypeAttributes& told) {
+    const char* const name = element.localName;
     const Frame& parent = m_objStack.back();
     const FieldDescriptor* const field = findField(*parent.fields, nameCrc(name)).field;
     if (field == nullptr) return false;
     const ObjectType type = m_context.types.resolve(told, *m_context.mapping, name);
-    startFieldOf(*field, *ClassDescriptor::recordOf(*objectOf(parent)), name, type);
+    startFieldOf(*field, *ClassDescriptor::recordOf(*objectOf(parent)), element, type);
     return true;
 }
 
-void ValueReader::startFieldOf(const FieldDescriptor& field, Record& record, const char* name,
+void ValueReader::startFieldOf(const FieldDescriptor& field, Record& record, const Element& element,
                                ObjectType xsiType) {
+    const char* const name = element.localName;
     void* const present = readField(record, field, false);
     // What the parent holds itself, it is: there the wire's type plays no part.
     if (field.kind == FieldKind::EmbeddedArray) {
@@ -287,14 +431,17 @@ void ValueReader::startFieldOf(const FieldDescriptor& field, Record& record, con
         push(Kind::Number, name, field.type, readField(record, field, true));
         return;
     }
-    const ObjectType type = xsiType != KORVASchemaTypeI::e_Unknown ? xsiType : field.type;
+    ObjectType type = field.type;
+    if (xsiType != KORVASchemaTypeI::e_Unknown && xsiType != field.type)
+        type = asDeclared(xsiType, field.type, element);
     Frame& child = pushNew(name, type);
     if (xsiType != KORVASchemaTypeI::e_Unknown) checkType(name, objectOf(child), type, field.type);
     child.field = &field;
     if (field.kind == FieldKind::Object) store(record, field.offset, child.value);
 }
 
-bool ValueReader::startItem(const char* name, const TypeAttributes& told) {
+bool ValueReader::startItem(const Element& element, const TypeAttributes& told) {
+    const char* const name = element.localName;
     const Frame& parent = m_objStack.back();
     KORVASchemaTypeI& array = *objectOf(parent);
     const ObjectType declared = array.getChildType(name);
@@ -307,17 +454,15 @@ bool ValueReader::startItem(const char* name, const TypeAttributes& told) {
             return true;
         }
         type = declared;
+    } else if (type != declared) {
+        type = asDeclared(type, declared, element);
     }
     // A fault has details of one kind, and whoever sent two still sent a fault.
     if (isUndocumented && type == KORVASchemaTypeI::eKORVAFaultDetail) return false;
 
     const Frame& item = pushNew(name, type);
-    const bool isObject = Factory::isGeneratedType(type);
-    const bool fits = isObject ? Factory::isGeneratedType(declared) && objectOf(item)->isa(declared)
-                               : type == declared;
-    if (!fits)
-        KORVA_RAISE(eKORVA_WrongItemType, startElementLabel, xsiType(type), xsiType(declared));
-    if (isObject) array.setChildObject(name, item.value, type, nullptr);
+    checkItemType(objectOf(item), type, declared);
+    if (Factory::isGeneratedType(type)) array.setChildObject(name, item.value, type, nullptr);
     return true;
 }
 
@@ -334,7 +479,8 @@ void ValueReader::startUndocumentedDetail() {
     push(Kind::Asked, nullptr, type, detail);
 }
 
-void ValueReader::startAsked(const char* name, const TypeAttributes& told) {
+void ValueReader::startAsked(const Element& element, const TypeAttributes& told) {
+    const char* const name = element.localName;
     const Frame& parent = m_objStack.back();
     KORVASchemaTypeI& object = *objectOf(parent);
     const ObjectType declared = object.getChildType(name);
@@ -342,7 +488,8 @@ void ValueReader::startAsked(const char* name, const TypeAttributes& told) {
     if (std::strcmp(name, "message") == 0) return startDetailMessage(name);
     if (object.getChildObject(name, false) != nullptr)
         KORVA_RAISE(eKORVA_ElementTwice, startElementLabel, parent.name, name);
-    const ObjectType type = xsiType != KORVASchemaTypeI::e_Unknown ? xsiType : declared;
+    const ObjectType type =
+        xsiType != KORVASchemaTypeI::e_Unknown ? asDeclared(xsiType, declared, element) : declared;
     const Frame& child = pushNew(name, type);
     checkType(name, objectOf(child), type, declared);
 }
@@ -376,10 +523,15 @@ void* ValueReader::makeNumberOfRoot(ObjectType type) {
 KORVASchemaTypeI* ValueReader::endElement() {
     Frame& ending = top();
     if (ending.kind == Kind::Skipped) {
-        if (--ending.length == 0) m_objStack.pop_back();
+        if (--ending.length == 0) {
+            if (m_objStack.size() == 1) endRoot();
+            m_objStack.pop_back();
+        }
         return nullptr;
     }
     makeValue(ending);
+    if (!m_identified.empty() && m_identified.back() == m_objStack.size()) [[unlikely]]
+        endIdentified();
     const Frame child = ending;
     m_objStack.pop_back();
     if (child.kind == Kind::Nil) return nullptr;
@@ -536,6 +688,7 @@ void ValueReader::makeBinary(Frame& frame) {
 void ValueReader::makeContent(Frame& frame) {
     KORVASchemaTypeI* const currentObj = objectOf(frame);
     ZEL_ASSERT(currentObj);
+    if (m_context.findings.policy.keepsUnknownWords() && !frame.refers && makeWord(frame)) return;
     const std::size_t length = m_context.text.pcount();
     TextView view(keepText(), length);
     const std::size_t position = currentObj->setChildObject("", static_cast<ZELByteBuffer*>(&view),
@@ -562,6 +715,17 @@ KORVA_AttachmentHandler& ValueReader::handlerOfText() const {
         ZEL_ASSERT_NAMED(m_attachmentHandler, "KORVASchemaTypeIContentHandler::setCurrentCharacterData - Handler not configured to process href attachments. );");
         // clang-format on
     });
+}
+
+/// Sets the word of an enumeration, whether it is known or not.
+/// @return false if the object is none
+bool ValueReader::makeWord(const Frame& frame) {
+    auto* const enumeration = dynamic_cast<KORVA_EnumObject*>(objectOf(frame));
+    if (enumeration == nullptr) return false;
+    if (!enumeration->setWord(m_context.text.str(), *m_context.registry))
+        m_context.findings.tell(KORVA_ReadingFinding::eUnknownWord, {}, frame.name,
+                                "its enumeration has no such word, which is kept");
+    return true;
 }
 
 /// The value of a parameter of text or binary type that its attachment will fill.

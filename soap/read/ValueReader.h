@@ -17,6 +17,7 @@ class KORVA_String;
 namespace korva {
 
 struct ReadingContext;
+struct ReferencePlace;
 struct TypeAttributes;
 
 /// Builds a typed value from an element and all that it holds. What is built belongs to the
@@ -33,7 +34,11 @@ public:
     ~ValueReader();
 
     /// Begins with a root of which the parent knows the type, or e_Unknown.
-    void startRoot(const Element& element, ObjectType expectedType);
+    /// @param declaredType what the root is that tells no type, and whose parent does not insist on
+    ///     one
+    /// @param number by which References tells the value of a root that is a reference
+    void startRoot(const Element& element, ObjectType expectedType,
+                   ObjectType declaredType = KORVASchemaTypeI::e_Unknown, std::size_t number = 0);
     /// Begins with a root of which only the root knows the type.
     void startDocumentRoot(const Element& element);
     void startElement(const Element& element);
@@ -54,6 +59,12 @@ public:
     /// Whether text that comes now is part of a value.
     bool takesText() const { return !m_objStack.empty() && isMadeOfText(m_objStack.back()); }
 
+    /// Whether the innermost element has the value of another, which is told later.
+    bool isReference() const { return isSkipping() && m_objStack.back().refers; }
+
+    /// Ends a root whose value was asked for, so that others may refer to it.
+    void endRoot();
+
     /// The type of the innermost element; e_Unknown in a skipped one.
     /// @throws ZELAssertError there is none
     ObjectType type() const;
@@ -61,11 +72,17 @@ public:
     /// skipped one, and when there is none.
     void* value();
 
+    /// The path of the innermost element, from the root on.
+    std::string path() const;
+
     /// @throws ZELAssertError an element has not ended
     void assertNothingIsOpen() const;
 
     /// Forgets all frames.
-    void clear() { m_objStack.clear(); }
+    void clear() {
+        m_objStack.clear();
+        m_identified.clear();
+    }
 
 private:
     /// What an element is, and so what may stand in it.
@@ -84,7 +101,9 @@ private:
 
     struct Frame {
         Kind kind;
-        bool refers;       ///< stands for the attachment m_contentId: nothing may stand in it
+        /// Stands for the attachment m_contentId: nothing may stand in it. Of Skipped: stands for
+        /// another element.
+        bool refers;
         ObjectType type;   ///< of the value
         const char* name;  ///< null in undocumented details
         /// The object, text or binary as the registry has it; the place of a number. Null before
@@ -115,14 +134,23 @@ private:
     Frame& push(Kind kind, const char* name, ObjectType type, void* value = nullptr);
     Frame& pushNew(const char* name, ObjectType type);
     Frame& pushObject(const char* name, ObjectType type, KORVASchemaTypeI* object);
-    void skip();
+    void skip(const char* name);
     void startText(const TypeAttributes& told);
 
-    bool startField(const char* name, const TypeAttributes& told);
-    void startFieldOf(const FieldDescriptor& field, Record& record, const char* name,
+    void noteShared(const Element& element, const TypeAttributes& told) const;
+    bool isReference(const TypeAttributes& told) const;
+    void startReference(const Element& element, const TypeAttributes& told,
+                        const ReferencePlace& place);
+    bool startReferringChild(const Element& element, const TypeAttributes& told);
+    void identify(const TypeAttributes& told);
+    void endIdentified();
+    ObjectType asDeclared(ObjectType type, ObjectType declared, const Element& element);
+
+    bool startField(const Element& element, const TypeAttributes& told);
+    void startFieldOf(const FieldDescriptor& field, Record& record, const Element& element,
                       ObjectType xsiType);
-    bool startItem(const char* name, const TypeAttributes& told);
-    void startAsked(const char* name, const TypeAttributes& told);
+    bool startItem(const Element& element, const TypeAttributes& told);
+    void startAsked(const Element& element, const TypeAttributes& told);
     void startUndocumentedDetail();
     void startDetailMessage(const char* name);
 
@@ -132,6 +160,7 @@ private:
     void decodeAhead();
     void makeBinary(Frame& frame);
     void makeContent(Frame& frame);
+    bool makeWord(const Frame& frame);
     void setOnParent(const Frame& child);
     std::size_t setText(const Frame& parent, const Frame& child);
     std::size_t setNumber(KORVASchemaTypeI& parent, const Frame& child);
@@ -146,7 +175,8 @@ private:
     char* keepText();
 
     ReadingContext& m_context;
-    std::vector<Frame> m_objStack;  ///< newest at the back
+    std::vector<Frame> m_objStack;          ///< newest at the back
+    std::vector<std::size_t> m_identified;  ///< depths of frames to which others may refer
     std::string m_contentId;
     std::unique_ptr<Decoding> m_decoding;  ///< of a large binary whose text is coming, or null
     std::size_t m_decodingSize = 0;        ///< how much text is collected before it is decoded

@@ -25,6 +25,7 @@
 #include <array>
 #include <exception>
 #include <limits>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -32,7 +33,7 @@
 namespace korva {
 
 /// Takes the parser's events.
-class XercesSource::Handler final : public xercesc::DefaultHandler {
+class XercesSource::Handler final : public xercesc::DefaultHandler, public DocumentLocator {
 public:
     Handler(ReadGuard& guard, EntityBudget& budget, ParserMemory& memory)
         : m_guard(guard), m_budget(budget), m_memory(memory) {}
@@ -45,9 +46,13 @@ public:
         if (m_endOfBytes) std::rethrow_exception(m_endOfBytes);
     }
 
+    DocumentPosition position() const override {
+        if (m_locator == nullptr) return {};
+        return {m_locator->getLineNumber(), m_locator->getColumnNumber()};
+    }
+
     void notePosition() noexcept {
-        if (m_locator == nullptr) return;
-        m_guard.notePosition({m_locator->getLineNumber(), m_locator->getColumnNumber()});
+        if (m_locator != nullptr) m_guard.notePosition(position());
     }
 
     /// Calls `action` and notes the position if it throws.
@@ -322,6 +327,9 @@ void XercesSource::parse(DocumentBytes& bytes, bool isUtf8, ReadGuard& guard) {
     m_memory.trim();  // a failure may have left much behind
     EntityBudget budget(guard.limits(), guard);
     Handler handler(guard, budget, m_memory);
+    guard.setLocator(&handler);
+    const std::unique_ptr<ReadGuard, void (*)(ReadGuard*)> end(
+        &guard, [](ReadGuard* told) { told->setLocator(nullptr); });
     Input input(bytes, isUtf8, budget, handler, m_memory);
     try {
         run(input, handler, budget);

@@ -17,6 +17,7 @@
 #include <xercesc/util/OutOfMemoryException.hpp>
 
 #include <exception>
+#include <memory>
 #include <new>
 #include <string>
 
@@ -79,10 +80,13 @@ void XmlReader::runSource(DocumentBytes& bytes, ReadGuard& guard) {
         m_xerces.parse(bytes, form != DocumentBytes::Form::Other, guard);
 }
 
-void XmlReader::parse(BRIMInputStream& stream, DocumentReceiver& reader,
+void XmlReader::parse(BRIMInputStream& stream, DocumentReceiver& reader, Findings& findings,
                       const EntryPoint& entryPoint) {
     ReadGuard guard(reader, m_limits, entryPoint.function);
     DocumentBytes bytes(stream);
+    findings.place = &guard;
+    const std::unique_ptr<Findings, void (*)(Findings*)> end(
+        &findings, [](Findings* told) { told->place = nullptr; });
     try {
         runSource(bytes, guard);
     } catch (const NotWellFormed& document) {

@@ -10,6 +10,7 @@ class BRIMInputStream;
 namespace korva {
 
 class DocumentReceiver;
+class Findings;
 
 /// How an entry point of the library appears in back traces.
 struct EntryPoint {
@@ -31,7 +32,9 @@ public:
     /// @throws ZELOutOfMemoryError no memory is left
     /// @throws ZELStdExceptionError any other standard exception
     /// What the reader and the stream throw of ZELThrowable passes through.
-    void parse(BRIMInputStream& stream, DocumentReceiver& reader, const EntryPoint& entryPoint);
+    /// @param findings of the reader, which learn the place in the document while it is parsed
+    void parse(BRIMInputStream& stream, DocumentReceiver& reader, Findings& findings,
+               const EntryPoint& entryPoint);
 
 private:
     void runSource(DocumentBytes& bytes, ReadGuard& guard);

@@ -3,6 +3,8 @@
 
 #include <korva/KORVADOMObjectDeserializerI.h>
 #include <korva/KORVAObjectRegistryI.h>
+#include <korva/KORVA_ReadingObserver.h>
+#include <korva/KORVA_ReadingPolicy.h>
 #include <zel/ZELSmartPointer.h>
 
 #include <xercesc/util/XercesDefs.hpp>
@@ -36,6 +38,18 @@ public:
     /// in KORVAException 0xEA4F0001.
     void setMaximumDeclarations(std::size_t declarations) { m_maximumDeclarations = declarations; }
 
+    /// How many elements may refer to others (`href="#..."`), where the policy follows references:
+    /// 100,000 at first. More end in KORVAException 0xEA4F0001.
+    void setMaximumReferences(std::size_t references) { m_maximumReferences = references; }
+
+    /// What further calls make of what other toolkits send in the element; at first
+    /// KORVA_ReadingPolicy::stated(). References lead to elements that stand in it.
+    void setPolicy(const KORVA_ReadingPolicy& policy) { m_policy = policy; }
+
+    /// Who is told of what further calls do not read as it stands; null, as at first, is nobody.
+    /// Not owned. Lines are not known.
+    void setObserver(KORVA_ReadingObserver* observer) { m_observer = observer; }
+
     /// Tells a handler of an element with all that it holds, as a parser would: mappings of
     /// prefixes, elements, and texts. An element without a local name is told of by its node name.
     /// @throws ZELAssertError `nodeIn` is null or no element
@@ -49,4 +63,7 @@ private:
     KORVA_AttachmentHandler* m_attachmentHandler = nullptr;
     std::size_t m_maximumAttributes;
     std::size_t m_maximumDeclarations;
+    std::size_t m_maximumReferences;
+    KORVA_ReadingPolicy m_policy;
+    KORVA_ReadingObserver* m_observer = nullptr;
 };

@@ -57,6 +57,12 @@ public:
     /// Unsets the details, of either shape.
     void setDetail(std::nullptr_t);
 
+    /// The details as they came, where they have neither shape: the element "detail" as an XML
+    /// document of its own, which a tolerant reader keeps. Null while unset. It is not written.
+    const char* getDetailText() const;
+    /// Stores the pointer as it stands; null unsets.
+    void setDetailText(const char* value);
+
     /// Turns the documented details into undocumented ones, which are registered in `registry` and
     /// added behind those that there are; an array for them is made in any case. Texts are shared
     /// with the old objects, not copied. Without documented details nothing else changes, otherwise

@@ -16,6 +16,7 @@ class KORVA_AttachmentHandler;
 
 namespace korva {
 class MessageReader;
+class OperationTarget;
 class WideEvents;
 }  // namespace korva
 
@@ -73,6 +74,7 @@ public:
     void endPrefixMapping(const XMLCh* prefix) override;
 
 private:
+    ZELOwner<korva::OperationTarget> m_target;
     ZELOwner<korva::MessageReader> m_reader;
     ZELOwner<korva::WideEvents> m_events;
 };

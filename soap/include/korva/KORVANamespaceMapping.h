@@ -33,6 +33,10 @@ public:
     /// Closes the newest declaration of `prefix`; does nothing if there is none.
     void remove(const char* prefix);
 
+    /// The prefix and the URI of an open declaration, counted from 0, the outermost.
+    const char* getPrefixAt(std::size_t position) const { return m_declarations[position].prefix; }
+    const char* getNamespaceAt(std::size_t position) const { return m_declarations[position].uri; }
+
     /// The number of open declarations.
     std::size_t size() const { return m_declarations.size(); }
 

@@ -3,6 +3,8 @@
 
 #include <korva/KORVAObjectRegistryI.h>
 #include <korva/KORVASOAPMessageIDeserializerI.h>
+#include <korva/KORVA_ReadingObserver.h>
+#include <korva/KORVA_ReadingPolicy.h>
 #include <zel/ZELOwner.h>
 #include <zel/ZELSmartPointer.h>
 
@@ -62,18 +64,37 @@ public:
 
     /// How much text the entities and the default attributes of a document type may make, in UTF-16
     /// units: 2^20 at first, and always ten times the document. More ends in KORVAException
-    /// 0xEA4F0001.
+    /// 0xEA4F0001. The same holds for elements and bytes of text in all that references lead to,
+    /// counted as often as they would be written.
     void setMaximumExpandedText(std::size_t units);
+
+    /// How many elements may refer to others (`href="#..."`), where the policy follows references:
+    /// 100,000 at first. More end in KORVAException 0xEA4F0001.
+    void setMaximumReferences(std::size_t references);
 
     /// Whether an envelope with a document type ends in KORVAException 0xEA4EB50B, as SOAP has it;
     /// not at first. A server should.
     void setRefuseDocumentType(bool refuse);
 
+    /// What further parses make of what other toolkits send; KORVA_ReadingPolicy::stated() at
+    /// first.
+    void setPolicy(const KORVA_ReadingPolicy& policy);
+
+    /// Who is told of what further parses do not read as it stands; null, as at first, is nobody.
+    /// Not owned.
+    void setObserver(KORVA_ReadingObserver* observer);
+
 private:
-    void parse(BRIMInputStream& stream, korva::MessageReader& reader);
+    friend class KORVA_EnvelopeReader;
+
+    void parse(BRIMInputStream& stream, korva::MessageReader& reader,
+               KORVA_ReadingObserver* observer);
+    void throwFault(const korva::MessageReader& reader) const;
 
     ZELSmartPointer<KORVAObjectRegistryI> m_objectRegistry;  ///< of the last parse
     KORVAHalyardHeader* m_header;
     KORVA_AttachmentHandler* m_attachmentHandler;
     ZELOwner<korva::XmlReader> m_reader;
+    KORVA_ReadingPolicy m_policy;
+    KORVA_ReadingObserver* m_observer = nullptr;
 };

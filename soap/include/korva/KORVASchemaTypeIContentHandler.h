@@ -8,6 +8,8 @@
 #include <cstddef>
 
 class KORVANamespaceMapping;
+class KORVA_ReadingObserver;
+class KORVA_ReadingPolicy;
 class KORVAObjectRegistryI;
 class KORVA_AttachmentHandler;
 
@@ -60,6 +62,14 @@ public:
 
     /// Who is told of references to attachments; null, as at first, refuses them. Not owned.
     void setAttachmentHandler(KORVA_AttachmentHandler* handler);
+
+    /// How what comes from now on is read, KORVA_ReadingPolicy::stated() at first, and who is told
+    /// of what is not read as it stands; null, as at first, is nobody. The observer is not owned.
+    /// @param maximumReferences how many elements may refer to others (`href="#..."`), where the
+    ///     policy follows references; more end in KORVAException 0xEA4F0001
+    /// @throws ZELOutOfMemoryError no memory is left
+    void setPolicy(const KORVA_ReadingPolicy& policy, KORVA_ReadingObserver* observer,
+                   std::size_t maximumReferences = 100'000);
 
     /// The type of the element under construction; e_Unknown in a skipped one.
     /// @throws ZELAssertError there is none

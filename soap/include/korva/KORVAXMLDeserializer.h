@@ -2,6 +2,8 @@
 #pragma once
 
 #include <korva/KORVAXMLDeserializerI.h>
+#include <korva/KORVA_ReadingObserver.h>
+#include <korva/KORVA_ReadingPolicy.h>
 #include <zel/ZELOwner.h>
 
 #include <cstddef>
@@ -44,6 +46,25 @@ public:
     /// have: 50,000 at first. More end in KORVAException 0xEA4F0001.
     void setMaximumNames(std::size_t names);
 
+    /// How many elements may refer to others (`href="#..."`), where the policy follows references:
+    /// 100,000 at first. More end in KORVAException 0xEA4F0001.
+    void setMaximumReferences(std::size_t references);
+
+    /// How many elements and bytes of text there may be in all that references lead to, counted as
+    /// often as they would be written: 2^20 at first, and always ten times the document. More end
+    /// in KORVAException 0xEA4F0001.
+    void setMaximumExpandedText(std::size_t units);
+
+    /// What further parses make of what other toolkits send; KORVA_ReadingPolicy::stated() at
+    /// first. References lead to elements of the same document.
+    void setPolicy(const KORVA_ReadingPolicy& policy);
+
+    /// Who is told of what further parses do not read as it stands; null, as at first, is nobody.
+    /// Not owned.
+    void setObserver(KORVA_ReadingObserver* observer);
+
 private:
     ZELOwner<korva::XmlReader> m_reader;
+    KORVA_ReadingPolicy m_policy;
+    KORVA_ReadingObserver* m_observer = nullptr;
 };
