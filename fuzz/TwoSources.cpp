@@ -2,6 +2,7 @@
 
 #include "fuzz/Wire.h"
 #include "soap/read/DocumentReceiver.h"
+#include "soap/read/Findings.h"
 #include "soap/read/XmlReader.h"
 
 #include <brim/BRIMInputStream.h>
@@ -109,7 +110,8 @@ std::string eventsOf(const Way& way) {
     parser.limits().startTag = way.startTag;
     EventLog events;
     try {
-        parser.parse(stream, events, {"parse", "parse()"});
+        Findings findings;
+        parser.parse(stream, events, findings, {"parse", "parse()"});
     } catch (const KORVAException& error) {
         return events.logOfWholeEvents() + numbered(error.getMessages()[0].getId());
     }

@@ -1,5 +1,6 @@
 #include "soap/read/OperationTarget.h"
 
+#include "core/Names.h"
 #include "soap/read/PortTypeAdvice.h"
 
 #include <korva/KORVAMessageFactory.h>
@@ -9,6 +10,7 @@
 #include <zel/ZELAssert.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <string>
 
 namespace korva {
@@ -86,9 +88,12 @@ namespace {
 
 constexpr std::string_view replySuffix = "Response";
 
-bool isReplyOf(std::string_view element, std::string_view operation) {
-    return element.size() == operation.size() + replySuffix.size() &&
-           element.starts_with(operation) && element.ends_with(replySuffix);
+/// Whether the element is named after the operation, or after the message, as some toolkits do.
+bool isReplyOf(std::string_view element, std::uint32_t crc, const KORVA_Operation& operation) {
+    if (crc == static_cast<std::uint32_t>(operation.getReplyType())) return true;
+    const std::string_view name = operation.getName();
+    return element.size() == name.size() + replySuffix.size() && element.starts_with(name) &&
+           element.ends_with(replySuffix);
 }
 
 /// The declared type of a parameter of the operation's reply; e_Unknown if it has none such.
@@ -112,13 +117,14 @@ bool fits(ObjectType type, const void* value, ObjectType declared) {
 
 void AnyTarget::start(const char* name, std::string_view uri) {
     const std::string_view element(name);
+    const std::uint32_t crc = nameCrc(name);
     bool isRequest = false;
     for (const KORVAPortTypeI* const portType : m_portTypes) {
         const auto* const described = dynamic_cast<const KORVA_PortType*>(portType);
         if (described == nullptr || uri != portType->getBoundNamespace()) continue;
         for (const KORVA_Operation operation : described->getOperations()) {
             isRequest = isRequest || element == operation.getName();
-            if (isReplyOf(element, operation.getName())) m_candidates.push_back(operation);
+            if (isReplyOf(element, crc, operation)) m_candidates.push_back(operation);
         }
     }
     if (isRequest) m_candidates.clear();

@@ -9,6 +9,7 @@
 #include <korva/KORVAException.h>
 #include <korva/KORVASOAPMessageIDeserializer.h>
 #include <korva/KORVASOAPMessageISerializer.h>
+#include <korva/KORVA_EnvelopeReader.h>
 
 #include <gtest/gtest.h>
 
@@ -62,9 +63,15 @@ struct Recorded {
                (caseName + (isRequest ? "-request" : "-reply") + extension);
     }
 
-    /// What is to be read: the text beside the file, or what the case says.
+    /// What is to be read as the manual states: the text beside the file, or what the case says.
     std::string expected() const {
         if (fs::exists(file(".txt"))) return contentOf(file(".txt"));
+        return isRequest ? requestOf(caseName) : replyOf(caseName);
+    }
+
+    /// What is to be read tolerantly: nearly always what the case says.
+    std::string expectedTolerantly() const {
+        if (fs::exists(file(".tolerant.txt"))) return contentOf(file(".tolerant.txt"));
         return isRequest ? requestOf(caseName) : replyOf(caseName);
     }
 
@@ -88,11 +95,20 @@ std::vector<Recorded> recordedEnvelopes() {
     return found;
 }
 
+std::string refusalOf(const KORVAException& error) {
+    char text[32];
+    std::snprintf(text, sizeof text, "refused: 0x%08X\n", error.getMessages()[0].getId());
+    return text;
+}
+
 /// What is read of an envelope, or the number of the message that tells why it is refused.
-std::string readBack(const Recorded& recorded) {
+std::string readBack(const Recorded& recorded, const KORVA_ReadingPolicy& policy,
+                     KORVA_ReadingObserver* observer = nullptr) {
     const std::string xml = envelopeOf(recorded.file(".xml"));
     BRIMMemoryInputStream stream(xml.data(), xml.size());
     KORVASOAPMessageIDeserializer deserializer;
+    deserializer.setPolicy(policy);
+    deserializer.setObserver(observer);
     try {
         if (!recorded.isRequest) {
             const Call call = makeCall(recorded.caseName);
@@ -103,16 +119,53 @@ std::string readBack(const Recorded& recorded) {
         deserializer.parse(stream, {&KORVAEventManagementServicePortType::getInstance()}, call);
         return describe(call->getInputMessage());
     } catch (const KORVAException& error) {
-        char text[32];
-        std::snprintf(text, sizeof text, "refused: 0x%08X\n", error.getMessages()[0].getId());
-        return text;
+        return refusalOf(error);
     }
 }
+
+/// The same by the reader that is told nothing.
+std::string readUnasked(const Recorded& recorded) {
+    const std::string xml = envelopeOf(recorded.file(".xml"));
+    BRIMMemoryInputStream stream(xml.data(), xml.size());
+    try {
+        const KORVA_Envelope envelope = KORVA_EnvelopeReader().read(stream);
+        EXPECT_EQ(envelope.getKind(),
+                  recorded.isRequest ? KORVA_Envelope::eRequest : KORVA_Envelope::eReply);
+        return describe(*envelope.getMessage());
+    } catch (const KORVAException& error) {
+        return refusalOf(error);
+    }
+}
+
+/// Counts what it is told.
+class Counter final : public KORVA_ReadingObserver {
+public:
+    void notice(const KORVA_ReadingFinding&) override { ++count; }
+
+    std::size_t count = 0;
+};
 
 class RecordedEnvelopes : public testing::TestWithParam<Recorded> {};
 
 TEST_P(RecordedEnvelopes, AreReadAsTheirCasesSay) {
-    EXPECT_EQ(readBack(GetParam()), GetParam().expected());
+    EXPECT_EQ(readBack(GetParam(), KORVA_ReadingPolicy::stated()), GetParam().expected());
+}
+
+TEST_P(RecordedEnvelopes, AreReadTolerantlyAsTheirCasesSay) {
+    EXPECT_EQ(readBack(GetParam(), KORVA_ReadingPolicy::tolerant()),
+              GetParam().expectedTolerantly());
+}
+
+TEST_P(RecordedEnvelopes, TellTheirOperationThemselves) {
+    EXPECT_EQ(readUnasked(GetParam()), GetParam().expectedTolerantly());
+}
+
+TEST_P(RecordedEnvelopes, AreReadStrictlyUnlessAnObserverIsToldOfSomething) {
+    Counter counter;
+    const std::string stated = readBack(GetParam(), KORVA_ReadingPolicy::stated(), &counter);
+    EXPECT_EQ(stated, GetParam().expected());
+    EXPECT_EQ(readBack(GetParam(), KORVA_ReadingPolicy::strict()),
+              counter.count != 0 ? "refused: 0xEA4F0015\n" : stated);
 }
 
 std::string nameOf(const testing::TestParamInfo<Recorded>& info) {
@@ -135,7 +188,10 @@ TEST(RecordedEnvelopesFolder, HasAllToolkits) {
 TEST(RecordedEnvelopesFolder, HasNoExpectationWithoutAnEnvelope) {
     for (const auto& entry : fs::recursive_directory_iterator(dataFolder())) {
         if (entry.path().extension() != ".txt") continue;
-        EXPECT_TRUE(fs::exists(fs::path(entry.path()).replace_extension(".xml"))) << entry.path();
+        std::string path = entry.path().string();
+        path.resize(path.size() - std::string(".txt").size());
+        if (path.ends_with(".tolerant")) path.resize(path.size() - std::string(".tolerant").size());
+        EXPECT_TRUE(fs::exists(path + ".xml")) << entry.path();
     }
 }
 

@@ -75,8 +75,8 @@ private:
 };
 
 /// Reads requests, replies and faults, and tells which it was. The namespace and the name of the
-/// first element of the body decide: an operation's name is its request, the name with "Response"
-/// behind it its reply. Reads what real peers send; serves one call at a time, and may be used
+/// first element of the body decide: an operation's name is its request; the name with "Response"
+/// behind it, or that of the reply's message, is its reply. Reads what real peers send; serves one call at a time, and may be used
 /// again after a failure.
 class KORVA_EXPORT KORVA_EnvelopeReader {
 public:
