@@ -42,6 +42,7 @@ void KORVASchemaTypeIContentHandler::setPolicy(const KORVA_ReadingPolicy& policy
         korva::ReadLimits limits;
         limits.references = maximumReferences;
         m_reader->setRules(policy, observer, limits);
+        m_reader->followReferences();
         return;
     }
     ZEL_CATCH("KORVASchemaTypeIContentHandler::setPolicy");

@@ -46,10 +46,14 @@ KORVAMessageI* KORVA_Envelope::getMessage() const {
 
 KORVA_EnvelopeReader::KORVA_EnvelopeReader() : KORVA_EnvelopeReader(KORVA_PortTypes::all()) {}
 
-KORVA_EnvelopeReader::KORVA_EnvelopeReader(std::vector<KORVAPortTypeI*> portTypes)
-    : m_portTypes(std::move(portTypes)) {
-    ZEL_ASSERT(!m_portTypes.empty());
+KORVA_EnvelopeReader::KORVA_EnvelopeReader(const std::vector<KORVAPortTypeI*>& portTypes) {
+    ZEL_ASSERT(!portTypes.empty());
     m_deserializer.setPolicy(KORVA_ReadingPolicy::tolerant());
+    ZEL_TRY {
+        m_portTypes = portTypes;
+        return;
+    }
+    ZEL_CATCH("KORVA_EnvelopeReader::KORVA_EnvelopeReader");
 }
 
 KORVA_EnvelopeReader::~KORVA_EnvelopeReader() = default;

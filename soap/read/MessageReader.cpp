@@ -40,10 +40,7 @@ void MessageReader::setRules(const KORVA_ReadingPolicy& policy, KORVA_ReadingObs
                              const ReadLimits& limits) {
     m_context.findings.policy = policy;
     m_context.findings.observer = observer;
-    if (!policy.resolvesReferences()) return;
-    m_references =
-        std::make_unique<References>(m_context, limits, static_cast<RootReceiver&>(*this));
-    m_context.references = m_references.get();
+    m_limits = &limits;
 }
 
 // ----- starts of elements -----
@@ -337,6 +334,10 @@ void MessageReader::setRoot(std::size_t number, const ElementValue& value) {
 void MessageReader::startDocument() {
     KORVAObjectRegistryI* const m_objectRegistry = m_context.registry;
     ZEL_ASSERT(m_objectRegistry);
+    if (!m_context.findings.policy.resolvesReferences()) return;
+    m_references =
+        std::make_unique<References>(m_context, *m_limits, static_cast<RootReceiver&>(*this));
+    m_context.references = m_references.get();
 }
 
 void MessageReader::endDocument() {

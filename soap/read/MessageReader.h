@@ -112,6 +112,7 @@ private:
     KORVAHalyardHeader* m_header = nullptr;
     KORVASOAPFault* m_fault = nullptr;
 
+    const ReadLimits* m_limits = nullptr;
     std::unique_ptr<References> m_references;  ///< null where they are not followed
     std::vector<Root> m_roots;                 ///< which are references
     ElementRecord* m_record = nullptr;         ///< of the element that is being recorded

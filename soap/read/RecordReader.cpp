@@ -10,6 +10,9 @@ RecordReader::RecordReader(ReadingContext& context, const ElementRecord& record)
 }
 
 RecordReader::~RecordReader() {
+    // A failure leaves some open.
+    while (!m_prefixes.empty())
+        endPrefix(m_prefixes.back());
     m_context.findings.place = m_place;
 }
 
@@ -19,11 +22,18 @@ void RecordReader::read(ObjectType declared) {
 }
 
 void RecordReader::startPrefix(const char* prefix, const char* uri) {
-    m_context.mapping->addBorrowed(prefix, uri);
+    m_prefixes.push_back(prefix);
+    try {
+        m_context.mapping->addBorrowed(prefix, uri);
+    } catch (...) {
+        m_prefixes.pop_back();
+        throw;
+    }
 }
 
 void RecordReader::endPrefix(const char* prefix) {
     m_context.mapping->remove(prefix);
+    m_prefixes.pop_back();
 }
 
 void RecordReader::startElement(const Element& element) {

@@ -8,6 +8,7 @@
 #include "soap/read/ValueReader.h"
 
 #include <cstddef>
+#include <vector>
 
 namespace korva {
 
@@ -45,6 +46,7 @@ private:
     ObjectType m_declared = KORVASchemaTypeI::e_Unknown;
     ObjectType m_type = KORVASchemaTypeI::e_Unknown;
     void* m_result = nullptr;
+    std::vector<const char*> m_prefixes;  ///< that are open
     std::size_t m_depth = 0;
 };
 

@@ -17,10 +17,14 @@ void RootReader::setRules(const KORVA_ReadingPolicy& policy, KORVA_ReadingObserv
     m_context.findings.observer = observer;
     m_context.findings.place = this;
     m_limits = limits;
+}
+
+void RootReader::followReferences() {
+    m_context.references = nullptr;
+    m_references.reset();
+    if (!m_context.findings.policy.resolvesReferences()) return;
     m_references =
-        policy.resolvesReferences()
-            ? std::make_unique<References>(m_context, m_limits, static_cast<RootReceiver&>(*this))
-            : nullptr;
+        std::make_unique<References>(m_context, m_limits, static_cast<RootReceiver&>(*this));
     m_context.references = m_references.get();
 }
 
@@ -42,6 +46,7 @@ void RootReader::startRoot(const Element& element, ObjectType expectedType) {
 void RootReader::startDocument() {
     KORVAObjectRegistryI* const m_objectRegistry = m_context.registry;
     ZEL_ASSERT(m_objectRegistry);
+    followReferences();
 }
 
 void RootReader::endDocument() {

@@ -24,6 +24,8 @@ public:
     /// Due before what it is to be read by. The observer must outlive the reader.
     void setRules(const KORVA_ReadingPolicy& policy, KORVA_ReadingObserver* observer,
                   const ReadLimits& limits);
+    /// What the rules say of references holds from now on. A document's start sees to it.
+    void followReferences();
 
     /// Reads the element that a document has just come to, instead of a document's root.
     void startRoot(const Element& element, ObjectType expectedType);

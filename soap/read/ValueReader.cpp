@@ -587,6 +587,7 @@ void ValueReader::append(std::string_view piece) {
 void ValueReader::refuseText() const {
     if (m_objStack.empty()) return;
     const Frame& frame = m_objStack.back();
+    if (frame.kind == Kind::Skipped) return;
     if (frame.kind == Kind::Nil) KORVA_RAISE(eKORVA_TextInNil, charactersLabel, frame.name);
     if (frame.refers)
         KORVA_RAISE(eKORVA_TextInReference, charactersLabel, frame.name, m_contentId.c_str());

@@ -76,8 +76,8 @@ private:
 
 /// Reads requests, replies and faults, and tells which it was. The namespace and the name of the
 /// first element of the body decide: an operation's name is its request; the name with "Response"
-/// behind it, or that of the reply's message, is its reply. Reads what real peers send; serves one call at a time, and may be used
-/// again after a failure.
+/// behind it, or that of the reply's message, is its reply. Reads what real peers send; serves one
+/// call at a time, and may be used again after a failure.
 class KORVA_EXPORT KORVA_EnvelopeReader {
 public:
     /// Reads messages of all port types.
@@ -88,7 +88,7 @@ public:
     /// are known of those of the schema, see KORVA_PortTypes.
     /// @throws ZELAssertError `portTypes` is empty
     /// @throws ZELOutOfMemoryError no memory is left
-    explicit KORVA_EnvelopeReader(std::vector<KORVAPortTypeI*> portTypes);
+    explicit KORVA_EnvelopeReader(const std::vector<KORVAPortTypeI*>& portTypes);
 
     ~KORVA_EnvelopeReader();
     KORVA_EnvelopeReader(const KORVA_EnvelopeReader&) = delete;
