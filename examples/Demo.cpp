@@ -1,12 +1,12 @@
 // Plays both ends of one call over two pipes: a client sends a run request, a server reads it and
 // replies, and each prints what went over the wire and what it understood. With arguments, prints
 // the envelope in each of these files as a typed tree instead.
-#include "examples/EnvelopeFile.h"
 #include "examples/TypedTree.h"
 
 #include <brim/BRIMCopy.h>
 #include <brim/BRIMDescriptorInputStream.h>
 #include <brim/BRIMDescriptorOutputStream.h>
+#include <brim/BRIMFileInputStream.h>
 #include <brim/BRIMMemoryInputStream.h>
 #include <brim/BRIMMemoryOutputStream.h>
 #include <korva/KORVAAsynchDetailArray.h>
@@ -30,6 +30,7 @@
 #include <korva/KORVAReportServicePortType.h>
 #include <korva/KORVARunOptionBoolean.h>
 #include <korva/KORVARunOptionEnum.h>
+#include <korva/KORVASOAPFault.h>
 #include <korva/KORVASOAPMessageIDeserializer.h>
 #include <korva/KORVASOAPMessageISerializer.h>
 #include <korva/KORVASearchPathSingleObject.h>
@@ -41,6 +42,7 @@
 #include <korva/KORVAWarden.h>
 #include <korva/KORVAWardenPassport.h>
 #include <korva/KORVAXmlEncodedXML.h>
+#include <korva/KORVA_EnvelopeReader.h>
 #include <zel/ZELThrowable.h>
 
 #include <xercesc/util/PlatformUtils.hpp>
@@ -202,6 +204,20 @@ int playCall() {
     return EXIT_SUCCESS;
 }
 
+/// Prints an envelope of any operation, whichever end of a call wrote it.
+void printEnvelope(const char* path) {
+    BRIMFileInputStream file(path);
+    const KORVA_Envelope envelope = KORVA_EnvelopeReader().read(file);
+    if (const KORVASOAPFault* const fault = envelope.getFault())
+        std::cout << "fault: "
+                  << (fault->getFaultString() != nullptr ? fault->getFaultString() : "") << '\n';
+    else
+        printTree(std::cout, *envelope.getMessage());
+    for (const KORVA_SkippedElement& skipped : envelope.getSkipped())
+        std::cout << "line " << skipped.line << ": " << skipped.path
+                  << " is passed over: " << skipped.reason << '\n';
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -209,9 +225,8 @@ int main(int argc, char** argv) {
     try {
         if (argc < 2) return playCall();
         for (int i = 1; i < argc; ++i) {
-            const ZELSmartPointer<KORVAMessageI> message = readEnvelopeFile(argv[i]);
             std::cout << argv[i] << ": ";
-            printTree(std::cout, *message);
+            printEnvelope(argv[i]);
         }
         return EXIT_SUCCESS;
     } catch (const ZELThrowable& error) {

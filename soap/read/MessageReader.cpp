@@ -30,10 +30,6 @@ bool isOfEnvelope(const Element& element, std::string_view localName) {
            element.uri == KORVAI18NRes::getView(KORVAI18NRes::eSoapEnvelopeNamespace);
 }
 
-std::string_view idOf(const Element& element, AttributeNamespaces& namespaces) {
-    return TypeAttributes(element, namespaces).id;
-}
-
 }  // namespace
 
 void MessageReader::setRules(const KORVA_ReadingPolicy& policy, KORVA_ReadingObserver* observer,
@@ -62,8 +58,7 @@ void MessageReader::startElement(const Element& element) {
             m_schemaTypeContentHandler->startElement(element);
             break;
         case Place::Shared:
-            if (const std::string_view id = idOf(element, m_context.attributeNamespaces);
-                !id.empty())
+            if (const std::string_view id = Sharing(element).id; !id.empty())
                 m_references->noteIdInRecord(id);
             m_record->addStart(element);
             ++m_depth;
@@ -128,7 +123,7 @@ void MessageReader::startFault() {
 /// An element behind the operation: nobody's, unless others refer to it.
 void MessageReader::startFurther(const Element& element) {
     m_depth = 1;
-    const std::string_view id = idOf(element, m_context.attributeNamespaces);
+    const std::string_view id = Sharing(element).id;
     if (m_references == nullptr || id.empty()) {
         m_place = Place::Skipped;
         m_context.findings.tell(KORVA_ReadingFinding::eFurtherElement, element,

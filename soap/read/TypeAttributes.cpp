@@ -30,13 +30,22 @@ TypeAttributes::TypeAttributes(const Element& element, AttributeNamespaces& name
                 if (attribute.value.starts_with(contentIdScheme))
                     contentId = attribute.value.substr(contentIdScheme.size());
                 else if (attribute.value.starts_with('#'))
-                    referredId = attribute.value.substr(1);
+                    isShared = true;
                 break;
             case 'i':
-                if (attribute.prefix.empty() && attribute.localName == "id") id = attribute.value;
+                if (attribute.prefix.empty() && attribute.localName == "id") isShared = true;
                 break;
             default: break;
         }
+    }
+}
+
+Sharing::Sharing(const Element& element) {
+    for (const Attribute& attribute : element.attributes) {
+        if (!attribute.prefix.empty()) continue;
+        if (attribute.localName == "id") id = attribute.value;
+        if (attribute.localName == "href" && attribute.value.starts_with('#'))
+            referredId = attribute.value.substr(1);
     }
 }
 

@@ -41,15 +41,20 @@ private:
 struct TypeAttributes {
     std::optional<std::string_view> type;       ///< `type` of the schema instance namespace
     std::optional<std::string_view> arrayType;  ///< `arrayType` of the SOAP encoding namespace
-    std::string_view contentId;   ///< what stands behind "cid:" in `href`; empty if nothing does
-    bool isNil = false;           ///< `nil` of the schema instance namespace is "true"
+    std::string_view contentId;  ///< what stands behind "cid:" in `href`; empty if nothing does
+    bool isNil = false;          ///< `nil` of the schema instance namespace is "true"
+    /// Whether the element refers to another, or others may refer to it: Sharing tells.
+    bool isShared = false;
+
+    TypeAttributes(const Element& element, AttributeNamespaces& namespaces);
+};
+
+/// What ties an element to others. Few elements have it, so it is looked for when it is there.
+struct Sharing {
     std::string_view referredId;  ///< what stands behind "#" in `href`; empty if nothing does
     std::string_view id;          ///< empty without one
 
-    TypeAttributes(const Element& element, AttributeNamespaces& namespaces);
-
-    /// Whether the element refers to another, or others may refer to it.
-    bool isShared() const { return !referredId.empty() || !id.empty(); }
+    explicit Sharing(const Element& element);
 };
 
 }  // namespace korva

@@ -211,25 +211,26 @@ void ValueReader::startRoot(const Element& element, ObjectType expectedType,
     const TypeAttributes told(element, m_context.attributeNamespaces);
     const ObjectType declared =
         expectedType != KORVASchemaTypeI::e_Unknown ? expectedType : declaredType;
-    if (told.isShared()) [[unlikely]] {
-        noteShared(element, told);
-        if (isReference(told) && declared != KORVASchemaTypeI::e_Unknown) {
+    if (told.isShared) [[unlikely]] {
+        noteShared(element);
+        if (isReference(element) && declared != KORVASchemaTypeI::e_Unknown) {
             ReferencePlace place;
             place.position = number;
             place.declared = declared;
-            return startReference(element, told, place);
+            return startReference(element, place);
         }
     }
+    const bool takesStrings = m_context.findings.policy.takesPlainStrings();
     ObjectType type = m_context.types.resolve(told, *m_context.mapping, localname);
     if (type == KORVASchemaTypeI::e_Unknown)
         type = declared;
-    else if (type != declared)
+    else if (type != declared && takesStrings)
         type = asDeclared(type, declared, element);
     if (type == KORVASchemaTypeI::e_Unknown) {
         skip(element.localName);
         m_context.findings.tell(KORVA_ReadingFinding::eSkippedElement, element,
                                 "neither it nor what holds it tells a type");
-        if (told.isShared()) identify(told);
+        if (told.isShared) identify(element);
         return;
     }
     if (told.isNil) {
@@ -241,14 +242,15 @@ void ValueReader::startRoot(const Element& element, ObjectType expectedType,
             checkType(localname, objectOf(root), type, expectedType);
         startText(told);
     }
-    if (told.isShared()) [[unlikely]]
-        identify(told);
+    if (told.isShared) [[unlikely]]
+        identify(element);
 }
 
 // ----- elements that are shared -----
 
 /// Tells of an element that refers to another, or that others may refer to.
-void ValueReader::noteShared(const Element& element, const TypeAttributes& told) const {
+void ValueReader::noteShared(const Element& element) const {
+    const Sharing told(element);
     const bool isFollowed = m_context.references != nullptr;
     if (!told.referredId.empty())
         m_context.findings.tell(KORVA_ReadingFinding::eReference, element,
@@ -259,22 +261,21 @@ void ValueReader::noteShared(const Element& element, const TypeAttributes& told)
                                 "other elements may refer to it");
 }
 
-bool ValueReader::isReference(const TypeAttributes& told) const {
-    return m_context.references != nullptr && !told.referredId.empty();
+bool ValueReader::isReference(const Element& element) const {
+    return m_context.references != nullptr && !Sharing(element).referredId.empty();
 }
 
 /// The element has the value of another. What it holds itself is nobody's.
-void ValueReader::startReference(const Element& element, const TypeAttributes& told,
-                                 const ReferencePlace& place) {
+void ValueReader::startReference(const Element& element, const ReferencePlace& place) {
     skip(element.localName);
     m_objStack.back().refers = true;
     const bool isRoot = m_objStack.size() == 1;
-    if (isRoot) identify(told);
-    m_context.references->refer(place, element.localName, told.referredId);
+    if (isRoot) identify(element);
+    m_context.references->refer(place, element.localName, Sharing(element).referredId);
 }
 
 /// A child that has the value of another element: false if the parent has no place for it.
-bool ValueReader::startReferringChild(const Element& element, const TypeAttributes& told) {
+bool ValueReader::startReferringChild(const Element& element) {
     const Frame& parent = m_objStack.back();
     ReferencePlace place;
     place.object = objectOf(parent);
@@ -292,18 +293,20 @@ bool ValueReader::startReferringChild(const Element& element, const TypeAttribut
         place.declared = array.getChildType(element.localName);
         ArrayAccess::resize(array, place.position + 1);
     }
-    startReference(element, told, place);
+    startReference(element, place);
     return true;
 }
 
 /// Others may refer to the newest frame.
-void ValueReader::identify(const TypeAttributes& told) {
-    if (m_context.references == nullptr || told.id.empty()) return;
+void ValueReader::identify(const Element& element) {
+    if (m_context.references == nullptr) return;
+    const std::string_view id = Sharing(element).id;
+    if (id.empty()) return;
     Frame& frame = m_objStack.back();
     // Where an item will be is not known yet.
     if (frame.kind == Kind::Number && frame.value == nullptr)
         frame.value = makeNumberOfRoot(frame.type);
-    m_context.references->open(told.id);
+    m_context.references->open(id);
     m_identified.push_back(m_objStack.size());
 }
 
@@ -331,7 +334,9 @@ void ValueReader::endRoot() {
 /// The type of an element that tells another one than the declared: toolkits call all texts
 /// strings.
 ObjectType ValueReader::asDeclared(ObjectType type, ObjectType declared, const Element& element) {
-    if (!m_context.findings.policy.takesPlainStrings() || !Factory::isString(type)) return type;
+    if (type == declared || !m_context.findings.policy.takesPlainStrings() ||
+        !Factory::isString(type))
+        return type;
     const TypeDescriptor* const row = findType(declared);
     const bool isText = Factory::isString(declared) ||
                         (row != nullptr && row->fields == nullptr && row->create != nullptr &&
@@ -351,8 +356,8 @@ void ValueReader::startDocumentRoot(const Element& element) {
         return;
     }
     const ObjectType type = m_context.types.resolve(told, *m_context.mapping, element.localName);
-    if (told.isShared()) [[unlikely]]
-        noteShared(element, told);
+    if (told.isShared) [[unlikely]]
+        noteShared(element);
     if (type == KORVASchemaTypeI::e_Unknown) {
         skip(element.localName);
         m_context.findings.tell(KORVA_ReadingFinding::eSkippedElement, element,
@@ -361,8 +366,8 @@ void ValueReader::startDocumentRoot(const Element& element) {
     }
     pushNew(element.localName, type);
     startText(told);
-    if (told.isShared()) [[unlikely]]
-        identify(told);
+    if (told.isShared) [[unlikely]]
+        identify(element);
 }
 
 void ValueReader::startElement(const Element& element) {
@@ -376,9 +381,9 @@ void ValueReader::startElement(const Element& element) {
     if (parent.refers)
         KORVA_RAISE(eKORVA_ElementInReference, startElementLabel, parent.name, m_contentId.c_str());
     const TypeAttributes told(element, m_context.attributeNamespaces);
-    if (told.isShared()) [[unlikely]] {
-        noteShared(element, told);
-        if (isReference(told) && startReferringChild(element, told)) return;
+    if (told.isShared) [[unlikely]] {
+        noteShared(element);
+        if (isReference(element) && startReferringChild(element)) return;
     }
     if (told.isNil) {
         push(Kind::Nil, name, KORVASchemaTypeI::e_Unknown);
@@ -398,8 +403,8 @@ void ValueReader::startElement(const Element& element) {
         }
         startText(told);
     }
-    if (told.isShared()) [[unlikely]]
-        identify(told);
+    if (told.isShared) [[unlikely]]
+        identify(element);
 }
 
 bool ValueReader::startField(const Element& element, const TypeAttributes& told) {
@@ -432,8 +437,10 @@ void ValueReader::startFieldOf(const FieldDescriptor& field, Record& record, con
         return;
     }
     ObjectType type = field.type;
-    if (xsiType != KORVASchemaTypeI::e_Unknown && xsiType != field.type)
-        type = asDeclared(xsiType, field.type, element);
+    if (xsiType != KORVASchemaTypeI::e_Unknown)
+        type = m_context.findings.policy.takesPlainStrings()
+                   ? asDeclared(xsiType, field.type, element)
+                   : xsiType;
     Frame& child = pushNew(name, type);
     if (xsiType != KORVASchemaTypeI::e_Unknown) checkType(name, objectOf(child), type, field.type);
     child.field = &field;
@@ -454,7 +461,7 @@ bool ValueReader::startItem(const Element& element, const TypeAttributes& told) 
             return true;
         }
         type = declared;
-    } else if (type != declared) {
+    } else if (m_context.findings.policy.takesPlainStrings()) {
         type = asDeclared(type, declared, element);
     }
     // A fault has details of one kind, and whoever sent two still sent a fault.

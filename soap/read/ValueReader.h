@@ -137,12 +137,11 @@ private:
     void skip(const char* name);
     void startText(const TypeAttributes& told);
 
-    void noteShared(const Element& element, const TypeAttributes& told) const;
-    bool isReference(const TypeAttributes& told) const;
-    void startReference(const Element& element, const TypeAttributes& told,
-                        const ReferencePlace& place);
-    bool startReferringChild(const Element& element, const TypeAttributes& told);
-    void identify(const TypeAttributes& told);
+    void noteShared(const Element& element) const;
+    bool isReference(const Element& element) const;
+    void startReference(const Element& element, const ReferencePlace& place);
+    bool startReferringChild(const Element& element);
+    void identify(const Element& element);
     void endIdentified();
     ObjectType asDeclared(ObjectType type, ObjectType declared, const Element& element);
 
