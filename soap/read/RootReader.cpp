@@ -37,6 +37,12 @@ void* RootReader::rootValue() {
     return root;
 }
 
+std::string RootReader::path() const {
+    std::string path = m_value.path();
+    if (m_value.depth() < m_startingDepth) (path += '/') += m_starting;
+    return path;
+}
+
 void RootReader::startRoot(const Element& element, ObjectType expectedType) {
     m_isDocument = false;
     m_context.mapping = &mapping();
@@ -68,6 +74,8 @@ void RootReader::endPrefix(const char* prefix) {
 void RootReader::startElement(const Element& element) {
     m_context.mapping = &mapping();
     if (m_references != nullptr) m_references->weigh(1);
+    m_starting = element.localName;
+    m_startingDepth = m_value.depth() + 1;
     if (m_isDocument && m_value.isEmpty())
         m_value.startDocumentRoot(element);
     else
@@ -75,6 +83,7 @@ void RootReader::startElement(const Element& element) {
 }
 
 void RootReader::endElement() {
+    m_startingDepth = 0;
     KORVASchemaTypeI* const root = m_value.endElement();
     if (!m_isDocument || !m_value.isEmpty()) return;
     if (m_references != nullptr) m_references->resolve();

@@ -58,7 +58,7 @@ private:
     void setRoot(std::size_t, const ElementValue&) override {}
     // Who hands in events of his own tells no lines.
     DocumentPosition position() const override { return {}; }
-    std::string path() const override { return m_value.path(); }
+    std::string path() const override;
 
     KORVANamespaceMapping* m_inScopePrefixesToNamespaceMappings;
     ReadingContext m_context;
@@ -66,6 +66,8 @@ private:
     bool m_isDocument = true;  ///< the root comes as an event
     KORVASchemaTypeI* m_result = nullptr;
     ReadLimits m_limits;
+    const char* m_starting = nullptr;  ///< the element that begins, and how deep it will be
+    std::size_t m_startingDepth = 0;
     std::unique_ptr<References> m_references;  ///< null where they are not followed
 };
 

@@ -72,8 +72,9 @@ public:
     /// skipped one, and when there is none.
     void* value();
 
-    /// The path of the innermost element, from the root on.
+    /// The path of the innermost element, from the root on, and how deep it is.
     std::string path() const;
+    std::size_t depth() const { return m_objStack.size(); }
 
     /// @throws ZELAssertError an element has not ended
     void assertNothingIsOpen() const;
