@@ -1,4 +1,4 @@
-// The words that programs added to open enumerations.
+/// The words that programs added to open enumerations.
 #pragma once
 
 #include "core/Descriptor.h"

@@ -4,18 +4,21 @@
 
 #include <zel/ZELAssert.h>
 #include <zel/ZELFrame.h>
+#include <zel/ZELImmortal.h>
 
 #include <cstring>
+#include <new>
+#include <utility>
 
 const std::vector<KORVAPortTypeI*>& KORVA_PortTypes::all() {
     ZEL_TRY {
-        static const auto& portTypes = *new std::vector<KORVAPortTypeI*>([] {
-            std::vector<KORVAPortTypeI*> made;
+        using PortTypes = std::vector<KORVAPortTypeI*>;
+        return zel::immortal<const PortTypes>([](void* at) {
+            PortTypes made;
             for (std::size_t i = 0; i != korva::portTypeCount; ++i)
                 made.push_back(korva::portTypeInstances[i]());
-            return made;
-        }());
-        return portTypes;
+            return ::new (at) PortTypes(std::move(made));
+        });
     }
     ZEL_CATCH(nullptr);
 }

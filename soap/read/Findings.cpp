@@ -6,8 +6,6 @@
 
 #include <string_view>
 
-KORVA_ReadingObserver::~KORVA_ReadingObserver() = default;
-
 namespace korva {
 
 namespace {

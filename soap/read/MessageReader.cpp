@@ -316,10 +316,9 @@ void MessageReader::setRoot(std::size_t number, const ElementValue& value) {
     void* taken = value.value;
     if (taken != nullptr && KORVASchemaTypesFactory::isString(value.type)) {
         // Messages take texts in buffers.
-        auto string = std::make_unique<KORVA_String>();
+        auto* const string = m_context.registry->make<KORVA_String>();
         string->appendChars(static_cast<const char*>(value.value), value.length);
-        m_context.registry->registerPointer(string.get());
-        taken = string.release()->buffer();
+        taken = string->buffer();
     }
     takeParameter(root.name, root.number, value.type, taken);
 }

@@ -1,4 +1,4 @@
-// Words of open enumerations that the schema lacks, as a program knows them.
+/// Words of open enumerations that the schema lacks, as a program knows them.
 #pragma once
 
 #include <korva/KORVAExport.h>

@@ -1,4 +1,4 @@
-// What a service offers, operation by operation.
+/// What a service offers, operation by operation.
 #pragma once
 
 #include <korva/KORVAMessageFactory.h>

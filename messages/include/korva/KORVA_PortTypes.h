@@ -1,4 +1,4 @@
-// All services of the bus.
+/// All services of the bus.
 #pragma once
 
 #include <korva/KORVAExport.h>

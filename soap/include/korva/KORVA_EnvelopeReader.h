@@ -1,4 +1,4 @@
-// The reader of envelopes of which nothing is known.
+/// The reader of envelopes of which nothing is known.
 #pragma once
 
 #include <korva/KORVAObjectRegistryI.h>

@@ -1,4 +1,4 @@
-// Who is told of what a deserializer does not read as it stands.
+/// Who is told of what a deserializer does not read as it stands.
 #pragma once
 
 #include <korva/KORVAExport.h>

@@ -1,4 +1,4 @@
-// How much of what other toolkits send is read.
+/// How much of what other toolkits send is read.
 #pragma once
 
 /// What a deserializer makes of input that is not as this library writes it. One of the three

@@ -1,0 +1,3 @@
+#include "korva/KORVA_ReadingObserver.h"
+
+KORVA_ReadingObserver::~KORVA_ReadingObserver() = default;
