@@ -238,7 +238,7 @@ void References::storeField(const Reference& reference, const ElementValue& valu
     KORVASchemaTypeI& object = *reference.place.object;
     Record& record = *ClassDescriptor::recordOf(object);
     if (value.value == nullptr) return;
-    if (hasNoValueFlag(field.kind)) {
+    if (types::isValue(field.kind)) {
         if (!storeValue(record, field, value.value, value.type))
             checkType(reference.name, value.object(), value.type, field.type);
         return;
