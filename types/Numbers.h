@@ -4,6 +4,7 @@
 
 #include "types/Kinds.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstddef>
@@ -133,7 +134,7 @@ inline bool isLarge(std::string_view number) {
         if (std::from_chars(first, last, exponent).ec == std::errc::result_out_of_range)
             exponent = *first == '-' ? -far : far;
     }
-    return power + exponent > 0;
+    return power + std::clamp(exponent, -far, far) > 0;
 }
 
 }  // namespace detail

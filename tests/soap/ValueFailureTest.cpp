@@ -157,6 +157,7 @@ TEST_F(ValueFailure, AFloatThatIsTooLarge) {
          {std::string("1e39"), std::string("-1e39"), std::string("1e999"), std::string("-1E999"),
           std::string("1d400"), std::string("1D39"), std::string("+1e400"),
           std::string("0.0001e400"), std::string("1e99999999999999999999"),
+          std::string("1e9223372036854775807"), std::string("10e9223372036854775807"),
           std::string("3.4028236e38"), "1" + std::string(400, '0'),
           "1" + std::string(400, '0') + ".0.1e-4500", std::string("1e999 5")}) {
         EXPECT_NUMBERED(read("bus:floatProp", "<value>" + text + "</value>"), 0xEA407F89,
