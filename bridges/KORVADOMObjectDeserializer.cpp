@@ -129,9 +129,7 @@ KORVASchemaTypeI* KORVADOMObjectDeserializer::read(const ZELIDOM_Element& domIn,
         else if (isText(node) && contentHandler.takesText())
             tellText(node, contentHandler);
     }
-    // clang-format off
     ZEL_ASSERT_NAMED(KORVASchemaTypesFactory::getInstance().isGeneratedType( contentHandler.getObjectType() ), "Only generated classes can be deserialized.");
-    // clang-format on
     return static_cast<KORVASchemaTypeI*>(contentHandler.getParamValue());
 }
 

@@ -104,9 +104,7 @@ ZELIDOM_Element KORVADOMObjectSerializer::serializeObj(const void* object, Objec
                                                        const char* name, ZELIDOM_Document ownerDoc,
                                                        const char* targetNamespace) {
     ZEL_ASSERT(!ownerDoc.isNull());
-    // clang-format off
     ZEL_ASSERT_NAMED(targetNamespace, "The 'targetNamespace' parameter to the method 'serializeObj' cannot be NULL.");
-    // clang-format on
     ZEL_ASSERT(name);
     korva::assertWritable(object, type);
     ZEL_TRY {

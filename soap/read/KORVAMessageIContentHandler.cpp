@@ -92,15 +92,11 @@ void KORVAMessageIContentHandler::characters(const XMLCh* text, XMLSize_t length
 }
 
 void KORVAMessageIContentHandler::startPrefixMapping(const XMLCh* xmlPrefix, const XMLCh* uri) {
-    // clang-format off
     ZEL_ASSERT_NAMED(xmlPrefix != NULL, "Received NULL xmlPrefix in KORVAMessageIContentHandler::startPrefixMapping()");
-    // clang-format on
     addPrefix(m_reader->mapping(), xmlPrefix, uri);
 }
 
 void KORVAMessageIContentHandler::endPrefixMapping(const XMLCh* xmlPrefix) {
-    // clang-format off
     ZEL_ASSERT_NAMED(xmlPrefix != NULL, "Received NULL xmlPrefix in KORVAMessageIContentHandler::endPrefixMapping()");
-    // clang-format on
     removePrefix(m_reader->mapping(), xmlPrefix);
 }

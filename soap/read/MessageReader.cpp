@@ -336,9 +336,7 @@ void MessageReader::startDocument() {
 
 void MessageReader::endDocument() {
     const auto getNamespaceMapping = [this]() -> KORVANamespaceMapping& { return m_mapping; };
-    // clang-format off
     ZEL_ASSERT_NAMED(getNamespaceMapping().size() == 0, "There are namespace prefixes left on the mapping stack.");
-    // clang-format on
     // A header may stand behind the body.
     if (m_references != nullptr) m_references->resolve();
     if (m_fault == nullptr) m_target.finish(m_header);

@@ -57,9 +57,7 @@ void RootReader::startDocument() {
 
 void RootReader::endDocument() {
     const auto getNamespaceMapping = [this]() -> KORVANamespaceMapping& { return mapping(); };
-    // clang-format off
     ZEL_ASSERT_NAMED(getNamespaceMapping().size() == 0, "There are namespace prefixes left on the mapping stack.");
-    // clang-format on
     m_value.assertNothingIsOpen();
 }
 

@@ -94,9 +94,7 @@ TypeNames::ObjectType TypeNames::resolve(const TypeAttributes& attributes,
 
     const std::size_t colon = xsiTypeAttrValue.find(':');
     if (colon == std::string_view::npos) return KORVASchemaTypeI::e_Unknown;
-    // clang-format off
     ZEL_ASSERT_NAMED(XMLString::stringLen( xsiTypeAttrValue ) < DEFAULT_TMP_CHAR_BUFFER_SIZE, "The default buffer size needs to be increased.");
-    // clang-format on
     const char* const uri = mapping.getNamespace(Part(xsiTypeAttrValue.substr(0, colon)).text());
     if (uri == nullptr) return KORVASchemaTypeI::e_Unknown;
     if (is(uri, KORVAI18NRes::eSoapEncodingNamespace)) {
@@ -138,9 +136,7 @@ TypeNames::ObjectType TypeNames::resolveArray(const TypeAttributes& attributes,
     if (colon == std::string_view::npos)
         KORVA_RAISE(eKORVA_BadArrayType, "KORVASchemaTypeIContentHandler::getBusXsiType()",
                     std::string(soapEncArrayTypeAttrValue).c_str(), element);
-    // clang-format off
     ZEL_ASSERT_NAMED(XMLString::stringLen( soapEncArrayTypeAttrValue ) < DEFAULT_TMP_CHAR_BUFFER_SIZE, "The default buffer size needs to be increased.");
-    // clang-format on
     const char* const uri = mapping.getNamespace(Part(name.substr(0, colon)).text());
     if (uri == nullptr || !is(uri, KORVAI18NRes::eBusNamespace)) return KORVASchemaTypeI::e_Unknown;
     const auto type = KORVASchemaTypesFactory::getInstance().busArrayTypeToObjectType(

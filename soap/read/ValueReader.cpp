@@ -205,9 +205,7 @@ void ValueReader::startText(const TypeAttributes& told) {
 void ValueReader::startRoot(const Element& element, ObjectType expectedType,
                             ObjectType declaredType, std::size_t number) {
     const char* const localname = element.localName;
-    // clang-format off
     ZEL_ASSERT((localname != NULL) && (strlen( localname ) > 0));
-    // clang-format on
     const TypeAttributes told(element, m_context.attributeNamespaces);
     const ObjectType declared =
         expectedType != KORVASchemaTypeI::e_Unknown ? expectedType : declaredType;
@@ -566,9 +564,7 @@ void ValueReader::setOnParent(const Frame& child) {
         position = objectOf(parent)->setChildObject(child.name, child.value, child.type, nullptr);
     if (!child.refers) return;
     KORVA_AttachmentHandler& handler = requireHandler([](const auto* m_attachmentHandler) {
-        // clang-format off
         ZEL_ASSERT_NAMED(m_attachmentHandler, "KORVASchemaTypeIContentHandler::endElement - Handler not configured to process href attachments. );");
-        // clang-format on
     });
     handler.registerHref(m_contentId.c_str(), *objectOf(parent), child.name, child.type, position);
 }
@@ -719,9 +715,7 @@ KORVA_AttachmentHandler& ValueReader::requireHandler(Assertion assertion) const 
 
 KORVA_AttachmentHandler& ValueReader::handlerOfText() const {
     return requireHandler([](const auto* m_attachmentHandler) {
-        // clang-format off
         ZEL_ASSERT_NAMED(m_attachmentHandler, "KORVASchemaTypeIContentHandler::setCurrentCharacterData - Handler not configured to process href attachments. );");
-        // clang-format on
     });
 }
 

@@ -38,9 +38,7 @@ void KORVASOAPMessageISerializer::serialize(KORVAPortTypeBinding& binding, KORVA
         const KORVAMessageI::MessageType type = message.getMessageType();
         const bool isReply = type == binding.getOutputMessage().getMessageType();
         if (!isReply && type != binding.getInputMessage().getMessageType()) {
-            // clang-format off
             ZEL_ASSERT_NAMED(false, "The message to be serialized must be either the input or output message contained in the given binding object.");
-            // clang-format on
         }
 
         const korva::OperationElement operation(

@@ -189,9 +189,7 @@ void ObjectEvents<Sink>::writeValue(const Element& element) {
             writeBinary(*static_cast<const KORVAXSBase64Binary*>(element.object));
             break;
         case FieldKind::Object:
-            // clang-format off
             ZEL_ASSERT_NAMED(KORVASchemaTypesFactory::getInstance().isGeneratedType( objType ), "Only generated object types can be serialized at this point.");
-            // clang-format on
             break;
         default:
             types::visitValue(kind, [&](auto value) {
