@@ -84,7 +84,7 @@ public:
 
     void start(const char* name, std::string_view uri) override;
     ParameterType typeOf(const char* parameter, std::size_t number) override;
-    void take(const char* parameter, std::size_t number, ObjectType type, void* value) override;
+    void take(const char* name, std::size_t number, ObjectType type, void* value) override;
     void finish(KORVAHalyardHeader* header) override;
     KORVAPortTypeBinding* binding() const override { return m_givenBinding; }
 

@@ -144,7 +144,7 @@ private:
     void read(std::size_t node, ObjectType declared);
     void enter(std::size_t node, std::vector<Step>& steps);
     bool advance(std::vector<Step>& steps);
-    void leave(std::size_t node);
+    void leave(std::size_t index);
     void addExpanded(Node& node, std::size_t other) const;
     void store(const Reference& reference, const ElementValue& value);
     void storeField(const Reference& reference, const ElementValue& value);
