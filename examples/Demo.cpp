@@ -43,9 +43,8 @@
 #include <korva/KORVAWardenPassport.h>
 #include <korva/KORVAXmlEncodedXML.h>
 #include <korva/KORVA_EnvelopeReader.h>
+#include <korva/KORVA_XmlPlatform.h>
 #include <zel/ZELThrowable.h>
-
-#include <xercesc/util/PlatformUtils.hpp>
 
 #include <cstdio>
 #include <cstdlib>
@@ -221,8 +220,8 @@ void printEnvelope(const char* path) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    xercesc::XMLPlatformUtils::Initialize();
     try {
+        const KORVA_XmlPlatform platform;
         if (argc < 2) return playCall();
         for (int i = 1; i < argc; ++i) {
             std::cout << argv[i] << ": ";

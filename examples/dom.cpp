@@ -5,20 +5,14 @@
 #include <korva/KORVANmtokenProp.h>
 #include <korva/KORVAObjectRegistry.h>
 #include <korva/KORVASchedule.h>
+#include <korva/KORVA_XmlPlatform.h>
 #include <zel/ZELSmartPointer.h>
 #include <zelidom/ZELIDOM_Document.h>
-
-#include <xercesc/util/PlatformUtils.hpp>
 
 #include <iostream>
 #include <string>
 
 namespace {
-
-struct XmlPlatform {
-    XmlPlatform() { xercesc::XMLPlatformUtils::Initialize(); }
-    ~XmlPlatform() { xercesc::XMLPlatformUtils::Terminate(); }
-};
 
 void print(const ZELIDOM_Node& node, const std::string& indent) {
     if (node.getNodeType() == ZELIDOM_Node::TEXT_NODE)
@@ -32,7 +26,7 @@ void print(const ZELIDOM_Node& node, const std::string& indent) {
 }  // namespace
 
 int main() {
-    const XmlPlatform platform;
+    const KORVA_XmlPlatform platform;
     const ZELSmartPointer<KORVAObjectRegistry> registry = KORVAObjectRegistry::create();
 
     KORVASchedule schedule;

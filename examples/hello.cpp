@@ -1,14 +1,13 @@
-// Fills a request, binds it to an operation and prints its envelope.
-#include <brim/BRIMDescriptorOutputStream.h>
+// Fills a request, binds it to an operation, prints its envelope and reads it back.
+#include <korva/KORVA.h>
 #include <korva/KORVAAsynchRun_Request.h>
 #include <korva/KORVAHalyardHeader.h>
-#include <korva/KORVAPortTypeBinding.h>
 #include <korva/KORVAReportServicePortType.h>
-#include <korva/KORVASOAPMessageISerializer.h>
 #include <korva/KORVASearchPathSingleObject.h>
 #include <korva/KORVAWarden.h>
 #include <korva/KORVAWardenPassport.h>
-#include <zel/ZELSmartPointer.h>
+
+#include <iostream>
 
 int main() {
     const ZELSmartPointer<KORVAAsynchRun_Request> request(new KORVAAsynchRun_Request);
@@ -21,6 +20,13 @@ int main() {
     const KORVAPortTypeI& service = KORVAReportServicePortType::getInstance();
     const ZELSmartPointer<KORVAPortTypeBinding> call = service.createPortTypeBinding(request.get());
 
-    BRIMDescriptorOutputStream out(1);  // standard output
-    KORVASOAPMessageISerializer().serialize(*call, call->getInputMessage(), out);
+    BRIMMemoryOutputStream sent;
+    KORVASOAPMessageISerializer().serialize(*call, call->getInputMessage(), sent);
+    std::cout << sent.str();
+
+    BRIMMemoryInputStream received(sent.str(), sent.pcount());
+    const KORVA_Envelope envelope = KORVA_EnvelopeReader().read(received);
+    const auto& read = dynamic_cast<KORVAAsynchRun_Request&>(*envelope.getMessage());
+    std::cerr << envelope.getBinding()->getOperationName() << " of "
+              << read.getObjectPath()->getValue() << '\n';
 }

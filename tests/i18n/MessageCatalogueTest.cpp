@@ -28,7 +28,7 @@ const Row rows[] = {
     {0xEA4F0023, 1}, {0xEA4F0024, 3}, {0xEA4F0025, 1}, {0xEA4F0030, 3}, {0xEA4F0031, 2},
     {0xEA4F0032, 3}, {0xEA4F0033, 3}, {0xEA4F0034, 2}, {0xEA4F0035, 2}, {0xEA4F0036, 2},
     {0xEA4F0010, 1}, {0xEA4F0011, 3}, {0xEA4F0012, 2}, {0xEA4F0013, 2}, {0xEA4F0014, 2},
-    {0xEA4F0015, 3},
+    {0xEA4F0015, 3}, {0xEA4F0026, 1},
 };
 
 TEST(MessageCatalogue, EveryMessageIsASentenceThatTakesAllItsParameters) {

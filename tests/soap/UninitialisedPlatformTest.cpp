@@ -3,6 +3,7 @@
 #include "tests/support/ExpectThrow.h"
 
 #include <korva/KORVAProvider.h>
+#include <korva/KORVA_XmlPlatform.h>
 
 #include <gtest/gtest.h>
 
@@ -48,6 +49,16 @@ TEST(UninitialisedPlatform, IsAskedForByAnAssertionWhereItIsNeeded) {
     EXPECT_ASSERTION(readRequest(std::string("\xFF\xFE<\0", 4)), assertion);
     DocumentReader reader;
     EXPECT_ASSERTION(reader.read("<!DOCTYPE e><e/>"), assertion);
+}
+
+TEST(UninitialisedPlatform, IsThereWhileAnXmlPlatformLives) {
+    const std::string request = "<!DOCTYPE e>" + operation("run", "");
+    for (int i = 0; i != 2; ++i) {
+        const KORVA_XmlPlatform platform;
+        { const KORVA_XmlPlatform another; }
+        EXPECT_STREQ(readRequest(request)->getOperationName(), "run");
+    }
+    EXPECT_ASSERTION(readRequest(request), assertion);
 }
 
 }  // namespace
