@@ -2,6 +2,7 @@
 
 #include "core/EnumWords.h"
 #include "core/Names.h"
+#include "core/NumberedError.h"
 #include "core/OpenWordTable.h"
 #include "core/TextValue.h"
 
@@ -9,13 +10,9 @@
 #include <korva/KORVAException.h>
 #include <korva/KORVAObjectRegistryI.h>
 #include <korva/KORVASchemaTypesFactory.h>
-#include <korva/KORVAZELMessage.h>
-#include <zel/I18NString.h>
 #include <zel/ZELAssert.h>
 #include <zel/ZELByteBuffer.h>
 #include <zel/ZELFrame.h>
-#include <zel/ZELMessageParm.h>
-#include <zel/ZELPrintable.h>
 #include <zel/ZELThrow.h>
 
 #include <algorithm>
@@ -38,17 +35,12 @@ std::string openValues(const EnumDescriptor& descriptor) {
 [[noreturn]] void refuseWord(const char* name, const EnumDescriptor& descriptor) {
     KORVAException exception(0);
     ZEL_TRY {
-        KORVAZELMessage unknown(eKORVA_UnknownEnumValue);
         const std::string text = std::string(descriptor.xmlName) + ':' + name;
-        unknown << ZELMessageParm(zel::printable(text));
-        exception << unknown;
-        if (descriptor.openCount != 0) {
-            KORVAZELMessage open(eKORVA_OpenEnum);
-            open << ZELMessageParm(I18NString(descriptor.xmlName))
-                 << ZELMessageParm(I18NString(openValues(descriptor).c_str()))
-                 << ZELMessageParm(I18NString(enumsFile));
-            exception << open;
-        }
+        addMessage(exception, {eKORVA_UnknownEnumValue, {text.c_str()}});
+        if (descriptor.openCount != 0)
+            addMessage(
+                exception,
+                {eKORVA_OpenEnum, {descriptor.xmlName, openValues(descriptor).c_str(), enumsFile}});
     }
     ZEL_CATCH("_stringToEnum()");
     exception.hurl(ZEL_LOCATION, "_stringToEnum()", "ZEL_THROW");
